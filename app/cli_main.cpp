@@ -1,0 +1,5 @@
+#include <cstdio>
+int main() {
+    std::puts("control-obras-cli");
+    return 0;
+}

@@ -1,0 +1,86 @@
+#pragma once
+// The one port through which every message reaches the user.
+//
+// Kinds: "I" information, "A" warning, "E" error (ends the application),
+// "C" confirmation (answers "SI" or "NO"), "P" prompt (answers the typed text).
+// The desktop plugs in the typed dialog; tests and the CLI plug in a scripted
+// answerer that records every message.
+
+#include <QString>
+#include <QStringList>
+#include <deque>
+#include <functional>
+
+namespace co {
+
+struct Message {
+    QChar kind;
+    QString text;
+};
+
+class MessagePort {
+public:
+    virtual ~MessagePort() = default;
+    // Shows one message. For "C" returns "SI" or "NO"; for "P" returns the text typed,
+    // or `value` unchanged on cancel; otherwise returns empty.
+    virtual QString show(QChar kind, const QString &text, const QString &value) = 0;
+};
+
+// Records every message; answers "C" and "P" from a queue set by the caller
+// ("NO" and the unchanged value once the queue is empty).
+class ScriptedMessages : public MessagePort {
+public:
+    QString show(QChar kind, const QString &text, const QString &value) override;
+
+    void answer(const QString &reply) { answers_.push_back(reply); }
+    const QList<Message> &shown() const { return shown_; }
+    QStringList texts() const;
+    void clear() { shown_.clear(); }
+
+private:
+    QList<Message> shown_;
+    std::deque<QString> answers_;
+};
+
+// Writes every message to standard error; confirmations answer "NO".
+class ConsoleMessages : public MessagePort {
+public:
+    QString show(QChar kind, const QString &text, const QString &value) override;
+};
+
+// The common body of all message functions: silent accumulation, the
+// application-ending kind "E", and the port.
+class Messenger {
+public:
+    explicit Messenger(MessagePort *port = nullptr) : port_(port) {}
+
+    void setPort(MessagePort *port) { port_ = port; }
+    MessagePort *port() const { return port_; }
+
+    // `MensajesAcumulados`: "I", "A" and "E" go to a buffer instead of the port.
+    void setAccumulate(bool on) { accumulate_ = on; }
+    bool accumulate() const { return accumulate_; }
+    QString takeAccumulated();
+
+    // Called after an "E" message was shown; the desktop quits the application.
+    void setTerminator(std::function<void()> terminate) { terminate_ = std::move(terminate); }
+
+    QString MostrarMensaje(QChar kind, const QString &text, const QString &value = {});
+    void MensajeI(const QString &text) { MostrarMensaje(u'I', text); }
+    void MensajeA(const QString &text) { MostrarMensaje(u'A', text); }
+    void MensajeE(const QString &text) { MostrarMensaje(u'E', text); }
+    QString MensajeC(const QString &text) { return MostrarMensaje(u'C', text); }
+    QString MensajeP(const QString &text, const QString &value = {}) {
+        return MostrarMensaje(u'P', text, value);
+    }
+    // A plain dialog without a kind, as the statement layer uses for the failing statement.
+    void MensajePlano(const QString &text) { MostrarMensaje(u' ', text); }
+
+private:
+    MessagePort *port_ = nullptr;
+    bool accumulate_ = false;
+    QString accumulated_;
+    std::function<void()> terminate_;
+};
+
+} // namespace co

@@ -1,0 +1,45 @@
+#include "core/messages.h"
+
+#include <gtest/gtest.h>
+
+namespace co {
+namespace {
+
+TEST(Messenger, ConfirmationAnswersOnlySiOrNo) {
+    ScriptedMessages port;
+    Messenger m(&port);
+    port.answer(QStringLiteral("SI"));
+    port.answer(QStringLiteral("maybe"));
+    EXPECT_EQ(m.MensajeC(QStringLiteral("¿Seguro?")), QStringLiteral("SI"));
+    EXPECT_EQ(m.MensajeC(QStringLiteral("¿Seguro?")), QStringLiteral("NO"));
+    EXPECT_EQ(m.MensajeC(QStringLiteral("¿Seguro?")), QStringLiteral("NO"));
+    EXPECT_EQ(port.shown().size(), 3);
+}
+
+TEST(Messenger, PromptCancelledKeepsTheValue) {
+    ScriptedMessages port;
+    Messenger m(&port);
+    EXPECT_EQ(m.MensajeP(QStringLiteral("Código:"), QStringLiteral("12")), QStringLiteral("12"));
+    port.answer(QStringLiteral("34"));
+    EXPECT_EQ(m.MensajeP(QStringLiteral("Código:"), QStringLiteral("12")), QStringLiteral("34"));
+}
+
+TEST(Messenger, AccumulatedModeBuffersAndNeverTerminates) {
+    ScriptedMessages port;
+    Messenger m(&port);
+    bool terminated = false;
+    m.setTerminator([&] { terminated = true; });
+    m.setAccumulate(true);
+    m.MensajeA(QStringLiteral("uno"));
+    m.MensajeE(QStringLiteral("dos"));
+    EXPECT_TRUE(port.shown().isEmpty());
+    EXPECT_FALSE(terminated);
+    EXPECT_EQ(m.takeAccumulated(), QStringLiteral("uno\r\ndos\r\n"));
+    EXPECT_TRUE(m.takeAccumulated().isEmpty());
+    m.setAccumulate(false);
+    m.MensajeE(QStringLiteral("tres"));
+    EXPECT_TRUE(terminated);
+}
+
+} // namespace
+} // namespace co
