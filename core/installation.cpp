@@ -1,0 +1,54 @@
+#include "core/installation.h"
+
+#include <QDir>
+#include <QFile>
+#include <QHash>
+#include <QTextStream>
+
+namespace co {
+
+bool LeerInstalacion(const QString &carpeta, InstallationSettings *out) {
+    QHash<QString, QString> values;
+    QFile file(QDir(carpeta).filePath(QLatin1String(kArchivoInstalacion)));
+    const bool ok = file.open(QIODevice::ReadOnly | QIODevice::Text);
+    if (ok) {
+        QTextStream in(&file);
+        while (!in.atEnd()) {
+            const QString line = in.readLine();
+            const int eq = line.indexOf(u'=');
+            if (eq > 0)
+                values.insert(line.left(eq).trimmed(), line.mid(eq + 1).trimmed());
+        }
+    }
+    auto value = [&](const char *key, const QString &fallback) {
+        const QString v = values.value(QLatin1String(key));
+        return v.isEmpty() ? fallback : v;
+    };
+    const QString here = QDir(carpeta).absolutePath();
+    out->TipoBaseDatos = value("TipoBaseDatos", QStringLiteral("Paradox"));
+    out->AliasBaseDatosGeneral = value("AliasBaseDatosGeneral", QStringLiteral("general"));
+    out->PathBaseDatosGeneral = QDir(here).absoluteFilePath(value("PathBaseDatosGeneral", here));
+    out->AliasBaseDatos = value("AliasBaseDatos", QStringLiteral("empresa"));
+    out->PathArchivosTemporales = value("PathArchivosTemporales", QString());
+    out->NombrePrimeraEmpresa = value("NombrePrimeraEmpresa", QString());
+    out->ServidorBaseDatos = value("ServidorBaseDatos", QString());
+    return ok;
+}
+
+bool EscribirInstalacion(const QString &carpeta, const InstallationSettings &s) {
+    QDir().mkpath(carpeta);
+    QFile file(QDir(carpeta).filePath(QLatin1String(kArchivoInstalacion)));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text))
+        return false;
+    QTextStream out(&file);
+    out << "TipoBaseDatos=" << s.TipoBaseDatos << '\n'
+        << "AliasBaseDatosGeneral=" << s.AliasBaseDatosGeneral << '\n'
+        << "PathBaseDatosGeneral=" << s.PathBaseDatosGeneral << '\n'
+        << "AliasBaseDatos=" << s.AliasBaseDatos << '\n'
+        << "PathArchivosTemporales=" << s.PathArchivosTemporales << '\n'
+        << "NombrePrimeraEmpresa=" << s.NombrePrimeraEmpresa << '\n'
+        << "ServidorBaseDatos=" << s.ServidorBaseDatos << '\n';
+    return out.status() == QTextStream::Ok;
+}
+
+} // namespace co

@@ -1,0 +1,52 @@
+#pragma once
+// A fresh installation per test, on each back-end: an embedded one in a
+// temporary folder, or schemas of their own on the throwaway PostgreSQL server.
+
+#include "core/database.h"
+#include "core/session.h"
+
+#include <QString>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <memory>
+#include <ostream>
+
+QT_BEGIN_NAMESPACE
+inline void PrintTo(const QString &s, std::ostream *os) { *os << '"' << s.toStdString() << '"'; }
+inline void PrintTo(const QStringList &l, std::ostream *os) {
+    *os << '[' << l.join(QStringLiteral(", ")).toStdString() << ']';
+}
+QT_END_NAMESPACE
+
+namespace co::test {
+
+// Settings of a new, empty installation on `backend`, in `folder`.
+InstallationSettings freshInstallation(Backend backend, const QString &folder);
+
+// Drops what a PostgreSQL installation made; nothing to do on SQLite.
+void dropInstallation(const InstallationSettings &settings);
+
+class LayerTest : public ::testing::TestWithParam<Backend> {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // Runs a statement that must succeed and returns its result text.
+    QString ok(const QString &sql, const QString &conexion = {}, const QString &opciones = {});
+    Backend backend() const { return GetParam(); }
+
+    QTemporaryDir dir_;
+    InstallationSettings settings_;
+    ScriptedMessages messages_;
+    std::unique_ptr<TfGENEINIC> sesion_;
+    std::unique_ptr<TModuloDatos> datos_;
+};
+
+std::string backendName(const ::testing::TestParamInfo<Backend> &info);
+
+#define CO_ON_BOTH_BACKENDS(suite)                                                                 \
+    INSTANTIATE_TEST_SUITE_P(Backends, suite,                                                      \
+                             ::testing::Values(::co::Backend::SQLite, ::co::Backend::PostgreSQL), \
+                             ::co::test::backendName)
+
+} // namespace co::test
