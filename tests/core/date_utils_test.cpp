@@ -3,6 +3,8 @@
 #include "core/failure_handler.h"
 #include "core/messages.h"
 
+#include "support/gtest_qt_printing.h"
+
 #include <gtest/gtest.h>
 
 namespace co {

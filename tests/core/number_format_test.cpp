@@ -1,5 +1,7 @@
 #include "core/number_format.h"
 
+#include "support/gtest_qt_printing.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -3,6 +3,8 @@
 #include "core/messages.h"
 #include "core/number_text.h"
 
+#include "support/gtest_qt_printing.h"
+
 #include <gtest/gtest.h>
 
 namespace co {

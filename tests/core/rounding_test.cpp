@@ -1,5 +1,7 @@
 #include "core/rounding.h"
 
+#include "support/gtest_qt_printing.h"
+
 #include <gtest/gtest.h>
 
 #include <cfloat>
