@@ -1,5 +1,7 @@
 #include "core/messages.h"
 
+#include "core/failure_handler.h"
+
 #include <cstdio>
 
 namespace co {
@@ -35,7 +37,8 @@ QString Messenger::takeAccumulated() {
     return out;
 }
 
-QString Messenger::MostrarMensaje(QChar kind, const QString &text, const QString &value) {
+QString Messenger::MostrarMensaje(QChar kind, const QString &rawText, const QString &value) {
+    const QString text = TraducirPrefijo(rawText);
     if (accumulate_ && (kind == u'I' || kind == u'A' || kind == u'E')) {
         accumulated_ += text + QStringLiteral("\r\n");
         return {};

@@ -65,6 +65,7 @@ public:
     // Called after an "E" message was shown; the desktop quits the application.
     void setTerminator(std::function<void()> terminate) { terminate_ = std::move(terminate); }
 
+    // Texts starting "TRADUCIR:" have their engine phrases put into Spanish first.
     QString MostrarMensaje(QChar kind, const QString &text, const QString &value = {});
     void MensajeI(const QString &text) { MostrarMensaje(u'I', text); }
     void MensajeA(const QString &text) { MostrarMensaje(u'A', text); }
