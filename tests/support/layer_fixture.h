@@ -4,6 +4,7 @@
 
 #include "core/database.h"
 #include "core/session.h"
+#include "support/gtest_qt_printing.h"
 
 #include <QString>
 #include <QTemporaryDir>
@@ -11,12 +12,9 @@
 #include <memory>
 #include <ostream>
 
-QT_BEGIN_NAMESPACE
-inline void PrintTo(const QString &s, std::ostream *os) { *os << '"' << s.toStdString() << '"'; }
-inline void PrintTo(const QStringList &l, std::ostream *os) {
-    *os << '[' << l.join(QStringLiteral(", ")).toStdString() << ']';
-}
-QT_END_NAMESPACE
+namespace co {
+inline void PrintTo(Backend b, std::ostream *os) { *os << (b == Backend::SQLite ? "SQLite" : "PostgreSQL"); }
+} // namespace co
 
 namespace co::test {
 
