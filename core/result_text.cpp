@@ -5,65 +5,176 @@
 #include <QDateTime>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <charconv>
 
 namespace co {
 namespace {
 
-const QDate kFechaCero(1899, 12, 30);
+// A date-time as its parts; cheaper to read and write than QDateTime, which the
+// result text of large queries would otherwise build for every row.
+struct DateParts {
+    int year = 1899, month = 12, day = 30, hour = 0, minute = 0, second = 0;
 
-int digits(const QString &s, int from, int count, bool *ok) {
+    bool midnight() const { return hour == 0 && minute == 0 && second == 0; }
+    bool zeroDate() const { return year == 1899 && month == 12 && day == 30; }
+    static DateParts of(const QDateTime &dt) {
+        const QDate d = dt.date();
+        const QTime t = dt.time();
+        return {d.year(), d.month(), d.day(), t.hour(), t.minute(), t.second()};
+    }
+};
+
+bool readDigits(const QChar *s, int count, int *value) {
     int v = 0;
-    for (int i = from; i < from + count; ++i) {
-        const QChar c = s.at(i);
-        if (!c.isDigit()) {
-            *ok = false;
-            return 0;
+    for (int i = 0; i < count; ++i) {
+        const char16_t c = s[i].unicode();
+        if (c < u'0' || c > u'9')
+            return false;
+        v = v * 10 + (c - u'0');
+    }
+    *value = v;
+    return true;
+}
+
+// "yyyy-mm-dd", "yyyy-mm-dd hh:mm:ss[.zzz]" or with "T": the forms in which
+// dates are stored on SQLite.
+bool parseStored(QStringView s, DateParts *p) {
+    const qsizetype n = s.size();
+    if (n < 10 || s[4] != u'-' || s[7] != u'-')
+        return false;
+    const QChar *c = s.data();
+    if (!readDigits(c, 4, &p->year) || !readDigits(c + 5, 2, &p->month) || !readDigits(c + 8, 2, &p->day) ||
+        !QDate::isValid(p->year, p->month, p->day))
+        return false;
+    p->hour = p->minute = p->second = 0;
+    if (n == 10)
+        return true;
+    if (n < 19 || (s[10] != u' ' && s[10] != u'T') || s[13] != u':' || s[16] != u':')
+        return false;
+    if (n > 19 && s[19] != u'.')
+        return false;
+    return readDigits(c + 11, 2, &p->hour) && readDigits(c + 14, 2, &p->minute) &&
+           readDigits(c + 17, 2, &p->second) && QTime::isValid(p->hour, p->minute, p->second);
+}
+
+void two(QChar *&out, int v) {
+    *out++ = QChar(u'0' + v / 10 % 10);
+    *out++ = QChar(u'0' + v % 10);
+}
+
+// "dd/mm/yyyy", with " hh:mm:ss" when the time is not midnight; the time alone
+// on the zero date.
+void appendDate(QString &text, const DateParts &d) {
+    QChar buffer[20];
+    QChar *p = buffer;
+    const bool hasTime = !d.midnight();
+    if (!(d.zeroDate() && hasTime)) {
+        two(p, d.day);
+        *p++ = u'/';
+        two(p, d.month);
+        *p++ = u'/';
+        two(p, d.year / 100);
+        two(p, d.year);
+        if (hasTime)
+            *p++ = u' ';
+    }
+    if (hasTime) {
+        two(p, d.hour);
+        *p++ = u':';
+        two(p, d.minute);
+        *p++ = u':';
+        two(p, d.second);
+    }
+    text.append(buffer, static_cast<qsizetype>(p - buffer));
+}
+
+// 15 significant digits, decimal comma, exponent as "1E20".
+void appendFloat(QString &text, double d) {
+    char buffer[40];
+    const auto [end, ec] = std::to_chars(buffer, buffer + sizeof buffer, d, std::chars_format::general, 15);
+    if (ec != std::errc()) {
+        text += QString::number(d, 'g', 15).replace(u'.', u',');
+        return;
+    }
+    char out[48];
+    char *o = out;
+    for (const char *p = buffer; p < end; ++p) {
+        if (*p == '.') {
+            *o++ = ',';
+        } else if (*p == 'e') {
+            *o++ = 'E';
+            ++p;
+            if (*p == '-')
+                *o++ = '-';
+            if (*p == '-' || *p == '+')
+                ++p;
+            while (p + 1 < end && *p == '0')
+                ++p;
+            while (p < end)
+                *o++ = *p++;
+            break;
+        } else {
+            *o++ = *p;
         }
-        v = v * 10 + c.digitValue();
     }
-    return v;
+    text.append(QLatin1StringView(out, static_cast<qsizetype>(o - out)));
 }
 
-// "yyyy-mm-dd", "yyyy-mm-dd hh:mm:ss[.zzz]" or "yyyy-mm-ddThh:mm:ss": the forms
-// dates are stored in on SQLite. An invalid QDateTime otherwise.
-QDateTime parseStoredDate(const QString &s) {
-    if (s.size() < 10 || s.at(4) != u'-' || s.at(7) != u'-')
-        return {};
-    bool ok = true;
-    const QDate date(digits(s, 0, 4, &ok), digits(s, 5, 2, &ok), digits(s, 8, 2, &ok));
-    if (!ok || !date.isValid())
-        return {};
-    if (s.size() == 10)
-        return QDateTime(date, QTime(0, 0));
-    if (s.size() < 19 || (s.at(10) != u' ' && s.at(10) != u'T') || s.at(13) != u':' || s.at(16) != u':')
-        return {};
-    const QTime time(digits(s, 11, 2, &ok), digits(s, 14, 2, &ok), digits(s, 17, 2, &ok));
-    if (!ok || !time.isValid())
-        return {};
-    return QDateTime(date, time);
+void appendInteger(QString &text, qlonglong v) {
+    char buffer[24];
+    const auto [end, ec] = std::to_chars(buffer, buffer + sizeof buffer, v);
+    text.append(QLatin1StringView(buffer, static_cast<qsizetype>(end - buffer)));
 }
 
-QString floatText(double d) {
-    QString t = QString::number(d, 'g', 15);
-    const int e = t.indexOf(u'e');
-    if (e >= 0) {
-        const QString mantissa = t.left(e);
-        int exponent = t.mid(e + 1).toInt();
-        t = mantissa + u'E' + (exponent < 0 ? QStringLiteral("-") : QString()) + QString::number(std::abs(exponent));
+bool hasLineBreak(const QString &s) {
+    for (const QChar c : s)
+        if (c.unicode() == u'\n' || c.unicode() == u'\r')
+            return true;
+    return false;
+}
+
+// A line break inside a value would end the row: it takes the memo delimiter.
+void appendText(QString &out, const QString &s, const QString &memoDelimiter) {
+    if (!hasLineBreak(s)) {
+        out += s;
+        return;
     }
-    t.replace(u'.', u',');
-    return t;
+    QString t = s;
+    t.replace(QStringLiteral("\r\n"), memoDelimiter).replace(u'\n', memoDelimiter).replace(u'\r', memoDelimiter);
+    out += t;
 }
 
-QString dateText(const QDateTime &dt) {
-    const QTime time = dt.time();
-    const bool hasTime = time != QTime(0, 0);
-    if (dt.date() == kFechaCero && hasTime)
-        return time.toString(QStringLiteral("hh:mm:ss"));
-    QString out = dt.date().toString(QStringLiteral("dd/MM/yyyy"));
-    if (hasTime)
-        out += u' ' + time.toString(QStringLiteral("hh:mm:ss"));
-    return out;
+void appendValue(QString &out, const QVariant &raw, ColumnKind kind, const QString &memoDelimiter) {
+    if (raw.isNull())
+        return;
+    switch (raw.typeId()) {
+    case QMetaType::QString: {
+        const QString &s = *static_cast<const QString *>(raw.constData());
+        DateParts d;
+        if ((kind == ColumnKind::DateTime || kind == ColumnKind::Unknown) && parseStored(s, &d)) {
+            appendDate(out, d);
+            return;
+        }
+        if (kind != ColumnKind::Boolean) {
+            appendText(out, s, memoDelimiter);
+            return;
+        }
+        break;
+    }
+    case QMetaType::LongLong:
+    case QMetaType::Int:
+        if (kind != ColumnKind::Boolean) {
+            appendInteger(out, raw.toLongLong());
+            return;
+        }
+        break;
+    case QMetaType::Double:
+        appendFloat(out, raw.toDouble());
+        return;
+    default:
+        break;
+    }
+    appendText(out, TextoValor(raw, kind), memoDelimiter);
 }
 
 } // namespace
@@ -80,20 +191,25 @@ ResultOptions ResultOptions::fromWords(const QString &opciones) {
 QVariant ValorTipado(const QVariant &value, ColumnKind kind) {
     if (value.isNull())
         return value;
-    if (kind == ColumnKind::DateTime || (kind == ColumnKind::Unknown && value.typeId() == QMetaType::QString)) {
-        if (value.typeId() == QMetaType::QString) {
-            const QDateTime dt = parseStoredDate(value.toString());
-            if (dt.isValid())
-                return dt;
-        } else if (value.typeId() == QMetaType::QDate) {
-            return QDateTime(value.toDate(), QTime(0, 0));
-        } else if (value.typeId() == QMetaType::QTime) {
-            return QDateTime(kFechaCero, value.toTime());
+    switch (value.typeId()) {
+    case QMetaType::QString:
+        if (kind == ColumnKind::DateTime || kind == ColumnKind::Unknown) {
+            DateParts d;
+            if (parseStored(value.toString(), &d))
+                return QDateTime(QDate(d.year, d.month, d.day), QTime(d.hour, d.minute, d.second));
         }
+        break;
+    case QMetaType::QDate:
+        return QDateTime(value.toDate(), QTime(0, 0));
+    case QMetaType::QTime:
+        return QDateTime(QDate(1899, 12, 30), value.toTime());
+    default:
+        break;
     }
-    if (kind == ColumnKind::Boolean && value.typeId() != QMetaType::Bool)
-        return value.toString() == u"1" || value.toString().compare(u"true", Qt::CaseInsensitive) == 0 ||
-               value.toString() == u"t";
+    if (kind == ColumnKind::Boolean && value.typeId() != QMetaType::Bool) {
+        const QString t = value.toString();
+        return t == u"1" || t == u"t" || t.compare(u"true", Qt::CaseInsensitive) == 0;
+    }
     return value;
 }
 
@@ -101,12 +217,15 @@ QString TextoValor(const QVariant &raw, ColumnKind kind) {
     if (raw.isNull() || !raw.isValid())
         return {};
     const QVariant value = ValorTipado(raw, kind);
+    QString out;
     switch (value.typeId()) {
     case QMetaType::QDateTime:
-        return dateText(value.toDateTime());
+        appendDate(out, DateParts::of(value.toDateTime()));
+        return out;
     case QMetaType::Double:
     case QMetaType::Float:
-        return floatText(value.toDouble());
+        appendFloat(out, value.toDouble());
+        return out;
     case QMetaType::Bool:
         return value.toBool() ? QStringLiteral("True") : QStringLiteral("False");
     case QMetaType::QByteArray:
@@ -116,17 +235,13 @@ QString TextoValor(const QVariant &raw, ColumnKind kind) {
     }
 }
 
-bool LeerResultado(Backend, QSqlQuery &query, const QList<ResultColumn> &columns,
-                   const ResultOptions &options, QString *result, QString *motivo) {
+bool LeerResultado(Backend, QSqlQuery &query, const QList<ResultColumn> &columns, const ResultOptions &options,
+                   QString *result, QString *motivo) {
     static const QString crlf = QStringLiteral("\r\n");
-    const int n = columns.size();
+    const int n = static_cast<int>(columns.size());
     QList<bool> rowguid(n);
-    QList<bool> textual(n);
-    for (int i = 0; i < n; ++i) {
+    for (int i = 0; i < n; ++i)
         rowguid[i] = options.skipRowguid && columns[i].name.compare(u"rowguid", Qt::CaseInsensitive) == 0;
-        textual[i] = columns[i].kind == ColumnKind::Text || columns[i].kind == ColumnKind::Memo ||
-                     columns[i].kind == ColumnKind::Unknown;
-    }
     const QString separator = options.formatoINI ? QStringLiteral("·") : QStringLiteral("|");
     QString out;
     bool any = false;
@@ -135,21 +250,16 @@ bool LeerResultado(Backend, QSqlQuery &query, const QList<ResultColumn> &columns
         for (int i = 0; i < n; ++i) {
             if (i > 0)
                 out += separator;
-            if (options.formatoINI)
-                out += columns[i].name + u'=';
-            if (rowguid[i])
-                continue;
-            QString text = TextoValor(query.value(i), columns[i].kind);
-            // A line break inside a value would end the row: it takes the memo delimiter.
-            if (textual[i] && (text.contains(u'\n') || text.contains(u'\r'))) {
-                text.replace(crlf, options.memoDelimiter);
-                text.replace(u'\n', options.memoDelimiter).replace(u'\r', options.memoDelimiter);
+            if (options.formatoINI) {
+                out += columns[i].name;
+                out += u'=';
             }
-            out += text;
+            if (!rowguid[i])
+                appendValue(out, query.value(i), columns[i].kind, options.memoDelimiter);
         }
         out += crlf;
     }
-    if (query.lastError().isValid() && query.lastError().type() != QSqlError::NoError) {
+    if (query.lastError().type() != QSqlError::NoError) {
         if (motivo)
             *motivo = query.lastError().text();
         return false;

@@ -49,8 +49,9 @@ TfGENEINIC::TfGENEINIC(const InstallationSettings &settings, MessagePort *port)
 TfGENEINIC::~TfGENEINIC() {
     if (transaccion_)
         endAll(false, nullptr);
-    for (auto it = open_.cbegin(); it != open_.cend(); ++it)
-        closeConnection(roleName(it.key()));
+    const QStringList roles = open_.keys();
+    for (const QString &role : roles)
+        closeRole(role);
 }
 
 QString TfGENEINIC::roleName(const QString &role) const {
@@ -67,16 +68,11 @@ QString TfGENEINIC::NombreAliasEmpresa(int codigo) const {
 std::optional<QSqlDatabase> TfGENEINIC::openRole(const QString &role, const ConnectionTarget &target,
                                                  QString *motivo) {
     const QString key = target.general ? QStringLiteral("\x01general") : target.alias;
+    const auto it = open_.constFind(role);
+    if (it != open_.cend() && it->target == key && it->db.isOpen())
+        return it->db;
+    closeRole(role);
     const QString name = roleName(role);
-    if (open_.value(role) == key && open_.contains(role)) {
-        QSqlDatabase db = QSqlDatabase::database(name, false);
-        if (db.isOpen())
-            return db;
-    }
-    if (open_.contains(role)) {
-        closeConnection(name);
-        open_.remove(role);
-    }
     QString why;
     QSqlDatabase db = openConnection(name, backend_, settings_, target, &why);
     if (!db.isValid()) {
@@ -84,8 +80,17 @@ std::optional<QSqlDatabase> TfGENEINIC::openRole(const QString &role, const Conn
             *motivo = why;
         return std::nullopt;
     }
-    open_.insert(role, key);
+    open_.insert(role, {key, db});
     return db;
+}
+
+void TfGENEINIC::closeRole(const QString &role) {
+    const auto it = open_.find(role);
+    if (it == open_.end())
+        return;
+    it->db = QSqlDatabase();
+    open_.erase(it);
+    closeConnection(roleName(role));
 }
 
 bool TfGENEINIC::Conectar(QString *motivo) {
@@ -101,13 +106,11 @@ bool TfGENEINIC::Conectar(QString *motivo) {
 bool TfGENEINIC::ConectarEmpresa(int codigo, QString *motivo) {
     const ConnectionTarget target{false, NombreAliasEmpresa(codigo)};
     for (const QString &role : {kDatabase, kADO})
-        if (open_.contains(role)) {
-            closeConnection(roleName(role));
-            open_.remove(role);
-        }
+        closeRole(role);
     if (!openRole(kDatabase, target, motivo))
         return false;
     CodigoEmpresa = codigo;
+    companyAlias_ = target.alias;
     PathBaseDatos = backend_ == Backend::SQLite ? target.alias : PathBaseDatosGeneral;
     return true;
 }
@@ -117,10 +120,7 @@ bool TfGENEINIC::ConectarEmpresaAlt(int codigo, const QString &alias, QString *m
     if (altAlias_ == target && open_.contains(kAlt))
         return true;
     for (const QString &role : {kAlt, kADOAlt})
-        if (open_.contains(role)) {
-            closeConnection(roleName(role));
-            open_.remove(role);
-        }
+        closeRole(role);
     if (!openRole(kAlt, {false, target}, motivo))
         return false;
     altAlias_ = target;
@@ -131,6 +131,8 @@ std::optional<QSqlDatabase> TfGENEINIC::resolveAlias(const QString &alias, Canal
                                                      QString *motivo) {
     auto role = [&](const QString &main) { return canal == Canal::Principal ? main : secondOf(main); };
     auto general = [&] { return openRole(role(kGeneral), {true, {}}, motivo); };
+    if (alias == kDatabase && !companyAlias_.isEmpty())
+        return openRole(role(kDatabase), {false, companyAlias_}, motivo);
     const QString company = NombreAliasEmpresa(CodigoEmpresa);
     if (alias == kGeneral)
         return general();

@@ -85,8 +85,13 @@ private:
     ConsoleMessages console_;
     int instance_;
     QString altAlias_;
-    // role -> alias/target it is open on
-    QHash<QString, QString> open_;
+    QString companyAlias_;
+    struct OpenConnection {
+        QString target; // alias it is open on
+        QSqlDatabase db;
+    };
+    void closeRole(const QString &role);
+    QHash<QString, OpenConnection> open_;
     QStringList inTransaction_;
     bool transaccion_ = false;
 };

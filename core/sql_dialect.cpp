@@ -102,9 +102,25 @@ QString rewriteTop(QString sql) {
     return sql;
 }
 
+// Whether any rewrite could apply: most statements need none, and the
+// check is far cheaper than the rewriting passes.
+bool mayNeedRewrite(const QString &sql, Backend backend) {
+    static const QStringList needles = {QStringLiteral("TOP"), QStringLiteral("NOLOCK"), QStringLiteral("dbo."),
+                                        QStringLiteral("EXEC")};
+    for (const QString &n : needles)
+        if (sql.contains(n, Qt::CaseInsensitive))
+            return true;
+    if (sql.contains(QStringLiteral("Part")))
+        return true;
+    return backend == Backend::SQLite ? sql.contains(QStringLiteral(" 00:00:00"))
+                                      : sql.contains(QStringLiteral("''"));
+}
+
 } // namespace
 
 QString AdaptarSentencia(const QString &sql, Backend backend) {
+    if (!mayNeedRewrite(sql, backend))
+        return sql;
     static const QRegularExpression nolock(QStringLiteral("\\s*\\bWITH\\s*\\(\\s*NOLOCK\\s*\\)"),
                                            QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression aliasDbo(QStringLiteral("\\b(\\w+)\\.dbo\\."),

@@ -143,6 +143,9 @@ QString NormalizarVacios(const QString &sql) {
 }
 
 QString ReescribirIgualNull(const QString &sql, bool forzar) {
+    if (!sql.contains(QStringLiteral("NULL")) &&
+        !(forzar && (sql.contains(QStringLiteral("''")) || sql.contains(QStringLiteral("\"\"")))))
+        return sql;
     struct Rule {
         QString from;
         bool needsWordEnd;

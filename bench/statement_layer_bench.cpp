@@ -1,0 +1,141 @@
+// EjecutarSQL against a raw QSqlQuery of the same statement, on both back-ends:
+// a 10,000-row SELECT and a single-row SELECT by key.
+#include "core/database.h"
+#include "core/session.h"
+#include "ratio_reporter.h"
+
+#include <QCoreApplication>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <map>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+namespace {
+
+using co::Backend;
+
+constexpr int kRows = 10000;
+const QString kAll = QStringLiteral("SELECT Codigo, Nombre, Importe, Fecha, Situacion FROM BENCHOBR ORDER BY Codigo");
+const QString kOne = QStringLiteral("SELECT Codigo, Nombre, Importe, Fecha, Situacion FROM BENCHOBR WHERE Codigo = '4321'");
+
+struct Installation {
+    QTemporaryDir dir;
+    std::unique_ptr<co::TfGENEINIC> sesion;
+    std::unique_ptr<co::TModuloDatos> datos;
+    QSqlDatabase raw;
+    co::ScriptedMessages messages;
+};
+
+std::map<Backend, std::unique_ptr<Installation>> installations;
+
+Installation *installation(Backend backend) {
+    auto &slot = installations[backend];
+    if (slot)
+        return slot.get();
+    auto inst = std::make_unique<Installation>();
+    co::InstallationSettings s;
+    s.PathBaseDatosGeneral = inst->dir.path();
+    s.AliasBaseDatosGeneral = QStringLiteral("benchgeneral");
+    s.AliasBaseDatos = QStringLiteral("benchempresa");
+    if (backend == Backend::PostgreSQL) {
+        const char *pg = std::getenv("CO_TEST_PG");
+        if (!pg)
+            return nullptr;
+        s.TipoBaseDatos = QStringLiteral("PostgreSQL");
+        s.ServidorBaseDatos = QString::fromLocal8Bit(pg);
+    }
+    inst->sesion = std::make_unique<co::TfGENEINIC>(s, &inst->messages);
+    QString motivo;
+    if (!inst->sesion->Conectar(&motivo)) {
+        std::fprintf(stderr, "%s\n", qPrintable(motivo));
+        return nullptr;
+    }
+    inst->datos = std::make_unique<co::TModuloDatos>(*inst->sesion);
+    co::TModuloDatos &d = *inst->datos;
+    d.EjecutarSQL(QStringLiteral("DROP TABLE IF EXISTS BENCHOBR"), {}, QStringLiteral("Silenciosa"));
+    d.EjecutarSQL(QStringLiteral("CREATE TABLE BENCHOBR (Codigo INTEGER NOT NULL PRIMARY KEY, Nombre VARCHAR(40), "
+                                 "Importe DOUBLE PRECISION, Fecha TIMESTAMP, Situacion VARCHAR(10))"));
+    inst->sesion->IniciarTransaccion();
+    for (int i = 1; i <= kRows; ++i)
+        d.EjecutarSQL(QStringLiteral("INSERT INTO BENCHOBR VALUES ('%1', 'Obra número %1', '%2', '2026-%3-%4 00:00:00', "
+                                     "'Abierta')")
+                          .arg(i)
+                          .arg(i * 1.25)
+                          .arg(1 + i % 12, 2, 10, QLatin1Char('0'))
+                          .arg(1 + i % 28, 2, 10, QLatin1Char('0')));
+    inst->sesion->FinalizarTransaccion();
+    inst->raw = *inst->sesion->conexion(QStringLiteral("Database"), co::Canal::Principal, &motivo);
+    slot = std::move(inst);
+    return slot.get();
+}
+
+void layer(benchmark::State &state, Backend backend, const QString &sql) {
+    Installation *inst = installation(backend);
+    if (!inst) {
+        state.SkipWithError("no database");
+        return;
+    }
+    for (auto _ : state) {
+        QString result = inst->datos->EjecutarSQL(sql);
+        benchmark::DoNotOptimize(result);
+    }
+}
+
+void raw(benchmark::State &state, Backend backend, const QString &sql) {
+    Installation *inst = installation(backend);
+    if (!inst) {
+        state.SkipWithError("no database");
+        return;
+    }
+    for (auto _ : state) {
+        QSqlQuery q(inst->raw);
+        q.setForwardOnly(true);
+        q.exec(sql);
+        const int columns = q.record().count();
+        while (q.next())
+            for (int i = 0; i < columns; ++i) {
+                QVariant v = q.value(i);
+                benchmark::DoNotOptimize(v);
+            }
+    }
+}
+
+void BM_EjecutarSQL_10000_SQLite(benchmark::State &s) { layer(s, Backend::SQLite, kAll); }
+void BM_Raw_10000_SQLite(benchmark::State &s) { raw(s, Backend::SQLite, kAll); }
+void BM_EjecutarSQL_1_SQLite(benchmark::State &s) { layer(s, Backend::SQLite, kOne); }
+void BM_Raw_1_SQLite(benchmark::State &s) { raw(s, Backend::SQLite, kOne); }
+void BM_EjecutarSQL_10000_PostgreSQL(benchmark::State &s) { layer(s, Backend::PostgreSQL, kAll); }
+void BM_Raw_10000_PostgreSQL(benchmark::State &s) { raw(s, Backend::PostgreSQL, kAll); }
+void BM_EjecutarSQL_1_PostgreSQL(benchmark::State &s) { layer(s, Backend::PostgreSQL, kOne); }
+void BM_Raw_1_PostgreSQL(benchmark::State &s) { raw(s, Backend::PostgreSQL, kOne); }
+
+// Floors and measured cases interleave so that drift of the machine hits both.
+BENCHMARK(BM_Raw_10000_SQLite)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly(true);
+BENCHMARK(BM_EjecutarSQL_10000_SQLite)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly(true);
+BENCHMARK(BM_Raw_1_SQLite)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly(true);
+BENCHMARK(BM_EjecutarSQL_1_SQLite)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly(true);
+BENCHMARK(BM_Raw_10000_PostgreSQL)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly(true);
+BENCHMARK(BM_EjecutarSQL_10000_PostgreSQL)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly(true);
+BENCHMARK(BM_Raw_1_PostgreSQL)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly(true);
+BENCHMARK(BM_EjecutarSQL_1_PostgreSQL)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly(true);
+
+} // namespace
+
+int main(int argc, char **argv) {
+    QCoreApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    co::bench::RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    std::printf("\nStatement layer against a raw QSqlQuery of the same statement (median of 5):\n");
+    reporter.printRatio("EjecutarSQL, 10,000 rows, SQLite", "BM_EjecutarSQL_10000_SQLite", "BM_Raw_10000_SQLite", 1.5);
+    reporter.printRatio("EjecutarSQL, single row, SQLite", "BM_EjecutarSQL_1_SQLite", "BM_Raw_1_SQLite", 2.0);
+    reporter.printRatio("EjecutarSQL, 10,000 rows, PostgreSQL", "BM_EjecutarSQL_10000_PostgreSQL", "BM_Raw_10000_PostgreSQL", 1.5);
+    reporter.printRatio("EjecutarSQL, single row, PostgreSQL", "BM_EjecutarSQL_1_PostgreSQL", "BM_Raw_1_PostgreSQL", 2.0);
+    installations.clear();
+    benchmark::Shutdown();
+    return 0;
+}
