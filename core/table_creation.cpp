@@ -5,6 +5,7 @@
 #include "core/structure_files.h"
 #include "core/table_ddl.h"
 
+#include <QHash>
 #include <QUuid>
 
 namespace co {
