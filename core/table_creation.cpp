@@ -1,0 +1,301 @@
+#include "core/table_creation.h"
+
+#include "core/connection_factory.h"
+#include "core/definition_text.h"
+#include "core/structure_files.h"
+#include "core/table_ddl.h"
+
+#include <QHash>
+#include <QUuid>
+
+namespace co {
+namespace {
+
+const QString kGeneral = QStringLiteral("DatabaseGeneral");
+const QString kSinCrear = QStringLiteral("Silenciosa,No Crear Tabla");
+const QString kPrefijoFallo =
+    QStringLiteral("Error. No es posible ejecutar la sentencia SQL. Motivo: ");
+
+// Whether a table of that name is in the first schema of the connection.
+QString consultaExiste(Backend backend) {
+    return backend == Backend::PostgreSQL
+               ? QStringLiteral("SELECT COUNT(*) FROM information_schema.tables WHERE "
+                                "table_schema = current_schema() AND table_name = lower(%1)")
+               : QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE type = 'table' AND "
+                                "upper(name) = upper(%1)");
+}
+
+bool esError(const QString &resultado) {
+    return resultado.startsWith(QStringLiteral("Error."));
+}
+
+QString motivoDe(const QString &resultado) {
+    return resultado.startsWith(kPrefijoFallo) ? resultado.mid(kPrefijoFallo.size()) : resultado;
+}
+
+QString palabraTipoUsuario(const QString &tipoCampo) {
+    static const QHash<QString, QString> tipos{
+        {QStringLiteral("Alfanumerico"), QStringLiteral("ftString")},
+        {QStringLiteral("Numerico"), QStringLiteral("ftFloat")},
+        {QStringLiteral("Entero"), QStringLiteral("ftInteger")},
+        {QStringLiteral("Fecha"), QStringLiteral("ftDateTime")},
+        {QStringLiteral("Texto"), QStringLiteral("ftMemo")},
+    };
+    return tipos.value(tipoCampo);
+}
+
+} // namespace
+
+CreadorTablas::CreadorTablas(TModuloDatos &datos, const QString &carpetaDatos)
+    : datos_(datos), sesion_(datos.sesion()), carpetaDatos_(carpetaDatos) {
+    RegistrarNombresEstructura();
+}
+
+QString CreadorTablas::RutaEstructuras() const {
+    return co::RutaEstructuras(sesion_.PathBaseDatosGeneral, carpetaDatos_);
+}
+
+bool CreadorTablas::Estructuras(QString *texto) {
+    return LeerEstructurasDe(RutaEstructuras(), texto);
+}
+
+void CreadorTablas::RegistrarNombresEstructura() {
+    QString texto;
+    if (!Estructuras(&texto))
+        return;
+    QStringList nombres;
+    for (const QString &linea : LineasDefinicion(texto)) {
+        const LineaDefinicion l = LeerLineaDefinicion(linea);
+        if (l.esCampo() && !l.nombre.isEmpty())
+            nombres << l.nombre;
+    }
+    datos_.RegistrarNombres(nombres);
+}
+
+QString CreadorTablas::conexionDe(const QString &tabla, const QString &conexion,
+                                  bool temporal) const {
+    if (temporal)
+        return sesion_.PathArchivosTemporales.isEmpty() ? kGeneral : sesion_.PathArchivosTemporales;
+    if (EsTablaGeneral(tabla))
+        return kGeneral;
+    if (conexion.isEmpty() || conexion == u"Database" || conexion == kGeneral)
+        return QStringLiteral("Database");
+    return conexion;
+}
+
+bool CreadorTablas::existe(const QString &tabla, const QString &conexion) {
+    const QString r = datos_.EjecutarSQL(
+        consultaExiste(sesion_.backend()).arg(Entrecomillar(tabla)), conexion, kSinCrear);
+    return r.trimmed().toInt() > 0;
+}
+
+bool CreadorTablas::CamposUsuario(const QString &tabla, QString *lineas, QString *motivo) {
+    const QString sql = QStringLiteral("SELECT OrdenCampo, NombreCampo, TipoCampo, LongitudCampo "
+                                       "FROM CAMPOUSR WHERE NombreTabla = %1 ORDER BY OrdenCampo")
+                            .arg(Entrecomillar(tabla));
+    QString r = datos_.EjecutarSQL(sql, kGeneral, kSinCrear);
+    if (esError(r) && EsTablaInexistente(r)) {
+        QString why;
+        CrearTabla(QStringLiteral("CAMPOUSR"), kGeneral, {}, &why);
+        r = datos_.EjecutarSQL(sql, kGeneral, kSinCrear);
+    }
+    lineas->clear();
+    motivo->clear();
+    if (esError(r)) {
+        *motivo = motivoDe(r);
+        return false;
+    }
+    QStringList problemas;
+    for (const QString &fila : r.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts)) {
+        const QStringList f = fila.split(u'|');
+        if (f.size() < 4)
+            continue;
+        const QString palabra = palabraTipoUsuario(f[2]);
+        if (palabra.isEmpty()) {
+            problemas
+                << QStringLiteral("El campo %1 tiene un tipo desconocido: \"%2\".").arg(f[1], f[2]);
+            continue;
+        }
+        *lineas += tabla + QStringLiteral("/C/") + QString::number(f[0].toInt() + 1000) + u'/' +
+                   f[1] + u'/' + palabra + u'/' + f[3] + QStringLiteral("/\r\n");
+    }
+    *motivo = problemas.join(u' ');
+    return true;
+}
+
+QString CreadorTablas::DefinicionTabla(const QString &tabla, const QString &texto,
+                                       const QString &partes) {
+    const bool todas = partes.trimmed().isEmpty();
+    QString out;
+    if (todas || PideParte(partes, QStringLiteral("Campos")))
+        out += co::DefinicionTabla(tabla, texto, QStringLiteral("Campos"));
+    if (todas || PideParte(partes, QStringLiteral("CamposUsuario"))) {
+        QString lineas, motivo;
+        if (CamposUsuario(tabla, &lineas, &motivo))
+            out += lineas;
+    }
+    if (todas || PideParte(partes, QStringLiteral("Indices")))
+        out += co::DefinicionTabla(tabla, texto, QStringLiteral("Indices"));
+    if (todas || PideParte(partes, QStringLiteral("SQL")))
+        out += co::DefinicionTabla(tabla, texto, QStringLiteral("SQL"));
+    return out;
+}
+
+QString CreadorTablas::CrearTabla(const QString &tabla, const QString &conexion) {
+    QString motivo;
+    if (CrearTabla(tabla, conexion, {}, &motivo) || motivo.isEmpty())
+        return {};
+    return motivo;
+}
+
+bool CreadorTablas::CrearTabla(const QString &tabla, const QString &conexion,
+                               const QString &definicion, QString *motivo) {
+    QString ignorado;
+    QString &why = motivo ? *motivo : ignorado;
+    why.clear();
+    auto aviso = [&](const QString &texto, const QString &detalle) {
+        sesion_.mensajes().MensajeA(texto + detalle);
+        why = detalle.isEmpty() ? texto : detalle;
+        return false;
+    };
+
+    QString texto;
+    bool leido = true;
+    if (definicion.isEmpty())
+        leido = Estructuras(&texto);
+    else if (definicion.contains(u';') && !definicion.contains(u'\n'))
+        leido =
+            LeerEstructuras(definicion.section(u';', 0, 0), definicion.section(u';', 1), &texto);
+    else
+        texto = definicion;
+    if (!leido) {
+        why = QStringLiteral("¡ Imposible abrir el fichero de estructuras de la Base de Datos !");
+        sesion_.mensajes().MensajeE(why);
+        return false;
+    }
+
+    const bool temporal = EsDefinicionTemporal(texto);
+    const QString buscada = temporal ? QString() : tabla.section(u'.', -1).trimmed();
+    const QString campos = co::DefinicionTabla(buscada, texto, QStringLiteral("Campos"));
+    if (campos.isEmpty())
+        return aviso(
+            QStringLiteral("No se ha encontrado la definición de la tabla. Tabla: ") + tabla, {});
+    const QString nombre = temporal
+                               ? tabla.section(u'.', -1).trimmed()
+                               : LeerLineaDefinicion(LineasDefinicion(campos).constFirst()).tabla;
+    const QString destino = conexionDe(nombre, conexion, temporal);
+    if (!temporal && existe(nombre, destino)) {
+        datos_.RegistrarNombres(
+            LeerEstructuraTabla(nombre, campos, {}, nullptr).value_or(EstructuraTabla{}).nombres());
+        return false;
+    }
+
+    QString usuario;
+    if (!temporal && nombre.toUpper() != u"CAMPOUSR") {
+        QString lineas, problema;
+        QStringList problemas;
+        if (!CamposUsuario(nombre, &lineas, &problema))
+            problemas << problema;
+        else if (!problema.isEmpty())
+            problemas << problema;
+        // A user field that does not fit the table is left out, not the table.
+        for (const QString &linea : LineasDefinicion(lineas)) {
+            QString rechazo;
+            const QString candidata = linea + QStringLiteral("NO\r\n");
+            if (LeerEstructuraTabla(nombre, campos + usuario + candidata, {}, &rechazo))
+                usuario += candidata;
+            else
+                problemas << rechazo;
+        }
+        if (!problemas.isEmpty())
+            sesion_.mensajes().MensajeA(
+                QStringLiteral(
+                    "Se ha producido un error al incorporar los Campos de Usuario en la tabla: ") +
+                nombre + QStringLiteral(". ") + QStringLiteral("Motivo: ") + problemas.join(u' '));
+    }
+
+    const QString indices = co::DefinicionTabla(buscada, texto, QStringLiteral("Indices"));
+    QString problema;
+    const std::optional<EstructuraTabla> estructura =
+        LeerEstructuraTabla(nombre, campos + usuario, indices, &problema);
+    if (!estructura)
+        return aviso(QStringLiteral("¡No es posible crear la tabla SQL (Paso 1)!. Motivo: "),
+                     problema);
+    if (!crearEnBaseDatos(*estructura, destino, temporal, &why))
+        return false;
+    if (nombre.toUpper() == u"EMPRESA" && Propietario != u"fGENEACTU" && !PrimeraEmpresa()) {
+        why = QStringLiteral("¡ Imposible crear el registro de la empresa 1 !");
+        return false;
+    }
+    return true;
+}
+
+bool CreadorTablas::crearEnBaseDatos(const EstructuraTabla &tabla, const QString &conexion,
+                                     bool temporal, QString *motivo) {
+    const SentenciasTabla s = SentenciasCreacion(tabla, sesion_.backend(), sesion_.FechaNula);
+    if (temporal)
+        datos_.EjecutarSQL(QStringLiteral("DROP TABLE ") + tabla.nombre, conexion, kSinCrear);
+    datos_.RegistrarNombres(tabla.nombres() << tabla.nombre);
+    const QString r = datos_.EjecutarSQL(s.crear, conexion, kSinCrear);
+    if (esError(r)) {
+        // Another process may have made it meanwhile: then it is there to use.
+        if (!temporal && existe(tabla.nombre, conexion)) {
+            motivo->clear();
+            return false;
+        }
+        *motivo = motivoDe(r);
+        sesion_.mensajes().MensajeA(
+            QStringLiteral("¡No es posible crear la tabla SQL (Paso 1)!. Motivo: ") + *motivo);
+        sesion_.mensajes().MensajePlano(s.crear);
+        return false;
+    }
+    for (const QString &indice : s.indices) {
+        const QString ri = datos_.EjecutarSQL(indice, conexion, kSinCrear);
+        if (esError(ri)) {
+            *motivo = motivoDe(ri);
+            sesion_.mensajes().MensajeA(
+                QStringLiteral("No es posible crear el índice en SQL. Mensaje: ") + *motivo);
+            // No half-made table is left behind.
+            datos_.EjecutarSQL(QStringLiteral("DROP TABLE ") + tabla.nombre, conexion, kSinCrear);
+            return false;
+        }
+    }
+    return true;
+}
+
+bool CreadorTablas::PrimeraEmpresa() {
+    const QString nombre = sesion_.instalacion().NombrePrimeraEmpresa;
+    const QString r = datos_.EjecutarSQL(
+        QStringLiteral("INSERT INTO EMPRESA (Codigo, Nombre, Abreviatura) VALUES ('1', %1, %2)")
+            .arg(Entrecomillar(nombre.left(40)), Entrecomillar(nombre.left(20))),
+        kGeneral, kSinCrear);
+    if (esError(r)) {
+        sesion_.mensajes().MensajeE(
+            QStringLiteral("¡ Imposible crear el registro de la empresa 1 !"));
+        return false;
+    }
+    return CrearBaseDatos(sesion_.NombreAliasEmpresa(1));
+}
+
+bool CreadorTablas::CrearBaseDatos(const QString &nombre) {
+    const QString conexion =
+        QStringLiteral("co.crearbd.") + QUuid::createUuid().toString(QUuid::Id128);
+    QString motivo;
+    // A schema name goes into statements as it stands.
+    if (sesion_.backend() == Backend::PostgreSQL && !EsIdentificadorValido(nombre)) {
+        sesion_.mensajes().MensajeE(QStringLiteral("¡Imposible crear la base de datos ") + nombre +
+                                    QStringLiteral("!. Motivo:") +
+                                    QStringLiteral(" el nombre no es válido."));
+        return false;
+    }
+    const bool ok =
+        openConnection(conexion, sesion_.backend(), sesion_.instalacion(), {false, nombre}, &motivo)
+            .isValid();
+    closeConnection(conexion);
+    if (!ok)
+        sesion_.mensajes().MensajeE(QStringLiteral("¡Imposible crear la base de datos ") + nombre +
+                                    QStringLiteral("!. Motivo:") + motivo);
+    return ok;
+}
+
+} // namespace co
