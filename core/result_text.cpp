@@ -127,10 +127,7 @@ void appendInteger(QString &text, qlonglong v) {
 }
 
 bool hasLineBreak(const QString &s) {
-    for (const QChar c : s)
-        if (c.unicode() == u'\n' || c.unicode() == u'\r')
-            return true;
-    return false;
+    return s.indexOf(u'\n') >= 0 || s.indexOf(u'\r') >= 0;
 }
 
 // A line break inside a value would end the row: it takes the memo delimiter.
@@ -145,11 +142,13 @@ void appendText(QString &out, const QString &s, const QString &memoDelimiter) {
 }
 
 void appendValue(QString &out, const QVariant &raw, ColumnKind kind, const QString &memoDelimiter) {
-    if (raw.isNull())
-        return;
+    // Typed reads through constData: the generic QVariant conversions cost more
+    // than the formatting itself on large results.
     switch (raw.typeId()) {
     case QMetaType::QString: {
         const QString &s = *static_cast<const QString *>(raw.constData());
+        if (s.isNull())
+            return;
         DateParts d;
         if ((kind == ColumnKind::DateTime || kind == ColumnKind::Unknown) && parseStored(s, &d)) {
             appendDate(out, d);
@@ -162,16 +161,28 @@ void appendValue(QString &out, const QVariant &raw, ColumnKind kind, const QStri
         break;
     }
     case QMetaType::LongLong:
-    case QMetaType::Int:
+        if (raw.isNull())
+            return;
         if (kind != ColumnKind::Boolean) {
-            appendInteger(out, raw.toLongLong());
+            appendInteger(out, *static_cast<const qlonglong *>(raw.constData()));
+            return;
+        }
+        break;
+    case QMetaType::Int:
+        if (raw.isNull())
+            return;
+        if (kind != ColumnKind::Boolean) {
+            appendInteger(out, *static_cast<const int *>(raw.constData()));
             return;
         }
         break;
     case QMetaType::Double:
-        appendFloat(out, raw.toDouble());
+        if (!raw.isNull())
+            appendFloat(out, *static_cast<const double *>(raw.constData()));
         return;
     default:
+        if (raw.isNull())
+            return;
         break;
     }
     appendText(out, TextoValor(raw, kind), memoDelimiter);
@@ -237,12 +248,11 @@ QString TextoValor(const QVariant &raw, ColumnKind kind) {
 
 bool LeerResultado(Backend, QSqlQuery &query, const QList<ResultColumn> &columns, const ResultOptions &options,
                    QString *result, QString *motivo) {
-    static const QString crlf = QStringLiteral("\r\n");
     const int n = static_cast<int>(columns.size());
     QList<bool> rowguid(n);
     for (int i = 0; i < n; ++i)
         rowguid[i] = options.skipRowguid && columns[i].name.compare(u"rowguid", Qt::CaseInsensitive) == 0;
-    const QString separator = options.formatoINI ? QStringLiteral("·") : QStringLiteral("|");
+    const QChar separator = options.formatoINI ? QChar(0x00B7) : QChar(u'|');
     QString out;
     bool any = false;
     while (query.next()) {
@@ -257,7 +267,8 @@ bool LeerResultado(Backend, QSqlQuery &query, const QList<ResultColumn> &columns
             if (!rowguid[i])
                 appendValue(out, query.value(i), columns[i].kind, options.memoDelimiter);
         }
-        out += crlf;
+        out += u'\r';
+        out += u'\n';
     }
     if (query.lastError().type() != QSqlError::NoError) {
         if (motivo)

@@ -3,6 +3,7 @@
 // back-ends.
 #include "core/general_parameters.h"
 #include "core/general_parameters_table.h"
+#include "core/table_creation.h"
 
 #include "support/layer_fixture.h"
 
@@ -27,33 +28,13 @@ QList<FieldDefinition> structureOf(const QString &table) {
     QList<FieldDefinition> fields;
     const QString prefix = table + QStringLiteral("/C/");
     while (!f.atEnd()) {
-        const QString line = QString::fromUtf8(f.readLine()).trimmed();
+        const QString line = QString::fromUtf8(f.readLine()).trimmed().section(u'|', 0, 0);
         if (!line.startsWith(prefix))
             continue;
         const QStringList p = line.split(u'/');
         fields.append({p.value(3), p.value(4), p.value(5).toInt(), p.value(6) == u"*"});
     }
     return fields;
-}
-
-QString createStatement(const QString &table) {
-    QStringList columns, keys;
-    for (const FieldDefinition &f : structureOf(table)) {
-        QString type = QStringLiteral("TEXT");
-        if (f.type == u"ftSmallint")
-            type = QStringLiteral("SMALLINT");
-        else if (f.type == u"ftInteger")
-            type = QStringLiteral("INTEGER");
-        else if (f.type == u"ftFloat")
-            type = QStringLiteral("DOUBLE PRECISION");
-        else if (f.type == u"ftString")
-            type = QStringLiteral("VARCHAR(%1)").arg(f.size);
-        columns << f.name + u' ' + type + (f.key ? QStringLiteral(" NOT NULL") : QString());
-        if (f.key)
-            keys << f.name;
-    }
-    return QStringLiteral("CREATE TABLE %1 (%2, PRIMARY KEY (%3))")
-        .arg(table, columns.join(QStringLiteral(", ")), keys.join(QStringLiteral(", ")));
 }
 
 TEST(GeneralParametersDefinition, EveryPageFieldAndDefaultIsAFieldOfTheTable) {
@@ -132,7 +113,9 @@ protected:
         LayerTest::SetUp();
         if (HasFatalFailure())
             return;
-        ok(createStatement(QStringLiteral("PARAGENE")));
+        CreadorTablas creador(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
+        QString motivo;
+        ASSERT_TRUE(creador.CrearTabla(QStringLiteral("PARAGENE"), {}, {}, &motivo)) << motivo.toStdString();
     }
     QVariantHash record() {
         const std::optional<QVariantHash> r = LeerParametrosGenerales(*datos_);
@@ -155,7 +138,7 @@ TEST_P(GeneralParametersTable, NewRecordHoldsTheDefaultsOnce) {
             EXPECT_DOUBLE_EQ(r.value(field).toDouble(), value.toDouble()) << field.toStdString();
         }
     }
-    EXPECT_TRUE(r.value(QStringLiteral("RazonSocial")).isNull());
+    EXPECT_TRUE(r.value(QStringLiteral("RazonSocial")).toString().isEmpty());
     EXPECT_EQ(r.value(QStringLiteral("Idiomas")).toString().count(QStringLiteral("\r\n")), 8);
 }
 
