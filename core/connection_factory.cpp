@@ -124,7 +124,8 @@ bool preparePostgreSQL(QSqlDatabase &db, const InstallationSettings &settings,
                QStringLiteral("SET SESSION CHARACTERISTICS AS TRANSACTION ISOLATION LEVEL READ "
                               "UNCOMMITTED"),
                motivo) &&
-           run(db, QStringLiteral("SET client_min_messages TO WARNING"), motivo);
+           run(db, QStringLiteral("SET client_min_messages TO WARNING"), motivo) &&
+           run(db, QStringLiteral("SET lock_timeout TO %1").arg(target.lockWaitMs), motivo);
 }
 
 } // namespace
@@ -146,7 +147,7 @@ QSqlDatabase openConnection(const QString &connectionName, Backend backend,
         const QString file = target.general ? generalFile(settings) : companyFile(target.alias);
         QDir().mkpath(QFileInfo(file).absolutePath());
         db.setDatabaseName(file);
-        db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=15000"));
+        db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(target.lockWaitMs));
         ok = db.open() && prepareSQLite(db, settings, target, motivo);
     } else {
         applyConnInfo(db, settings.ServidorBaseDatos);

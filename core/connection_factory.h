@@ -17,6 +17,9 @@ namespace co {
 struct ConnectionTarget {
     bool general = false; // the general data; else the company data below
     QString alias;        // company alias: a folder (SQLite) or a schema (PostgreSQL)
+    // How long a statement waits for a row or file another user holds before it
+    // fails with the lock failure.
+    int lockWaitMs = 15000;
 };
 
 // Opens a new connection registered under `connectionName`. On failure returns an

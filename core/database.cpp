@@ -1,6 +1,7 @@
 #include "core/database.h"
 
 #include "core/sql_dialect.h"
+#include "core/statement_trace.h"
 
 #include <QDateTime>
 #include <QSqlError>
@@ -99,6 +100,10 @@ QString TModuloDatos::run(const QString &sql, const QString &conexion, const QSt
     const bool esSelect = verbo == u"SELECT";
     auto fallo = [&](const QString &prefix, const QString &why, const QString &caption) {
         const QString result = prefix + why;
+        if (!principal)
+            AnadirTrazaSQL(sesion_.ArchivoTrazaSQL,
+                           LineaTrazaSQL(sesion_.CodigoUsuario, QDateTime::currentDateTime(),
+                                         result + QStringLiteral(" Sentencia SQL: ") + sql));
         if (!silenciosa)
             reportFailure(result, caption, sql);
         return result;

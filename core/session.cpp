@@ -74,7 +74,9 @@ std::optional<QSqlDatabase> TfGENEINIC::openRole(const QString &role, const Conn
     closeRole(role);
     const QString name = roleName(role);
     QString why;
-    QSqlDatabase db = openConnection(name, backend_, settings_, target, &why);
+    ConnectionTarget withWait = target;
+    withWait.lockWaitMs = EsperaBloqueoMs;
+    QSqlDatabase db = openConnection(name, backend_, settings_, withWait, &why);
     if (!db.isValid()) {
         if (motivo)
             *motivo = why;

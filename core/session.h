@@ -69,6 +69,11 @@ public:
     QString AliasSustituto;
     // Set by the failure handler: the transaction in course must not be committed.
     bool FalloTransaccion = false;
+    // Milliseconds a statement waits for data another user holds; taken when a
+    // connection opens.
+    int EsperaBloqueoMs = 15000;
+    // File of the statement trace of the second channel; no trace while empty.
+    QString ArchivoTrazaSQL;
 
 private:
     QString roleName(const QString &role) const;
