@@ -4,9 +4,11 @@
 //   control-obras-cli sql --dir DIR [--conexion WORD] [--opciones WORDS] [--empresa N] "STATEMENT"
 //   control-obras-cli sql --dir DIR [...] --archivo FILE     (one statement per line)
 
+#include "core/data_folder.h"
 #include "core/database.h"
 #include "core/installation.h"
 #include "core/session.h"
+#include "core/table_creation.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -25,7 +27,7 @@ struct Arguments {
     QString archivo;
     QString tipo;
     QString servidor;
-    int empresa = 0;
+    int empresa = -1; // -1: the first company of the installation
     QStringList positional;
 };
 
@@ -115,7 +117,23 @@ int init(const Arguments &a) {
         print(stderr, QStringLiteral("No es posible abrir la base de datos. Motivo: ") + motivo + u'\n');
         return 1;
     }
-    return 0;
+    // The companies table, and with it the first company, is made on first use.
+    co::TModuloDatos datos(sesion);
+    co::CreadorTablas creador(datos, co::CarpetaDatosAplicacion());
+    datos.setTableCreator(&creador);
+    const QString empresas = datos.EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM EMPRESA"),
+                                               QStringLiteral("DatabaseGeneral"));
+    return empresas.startsWith(QStringLiteral("Error.")) ? 1 : 0;
+}
+
+// The first company of the installation, 0 when it has none yet.
+int primeraEmpresa(co::TModuloDatos &datos) {
+    const QString r = datos.EjecutarSQL(QStringLiteral("SELECT MIN(Codigo) FROM EMPRESA"),
+                                        QStringLiteral("DatabaseGeneral"),
+                                        QStringLiteral("Silenciosa,No Crear Tabla"));
+    bool ok = false;
+    const int codigo = r.toInt(&ok);
+    return ok ? codigo : 0;
 }
 
 int sql(const Arguments &a) {
@@ -145,13 +163,19 @@ int sql(const Arguments &a) {
     }
     co::ConsoleMessages console;
     co::TfGENEINIC sesion(settings, &console);
-    sesion.CodigoEmpresa = a.empresa;
     QString motivo;
     if (!sesion.Conectar(&motivo)) {
         print(stderr, QStringLiteral("No es posible abrir la base de datos. Motivo: ") + motivo + u'\n');
         return 1;
     }
     co::TModuloDatos datos(sesion);
+    co::CreadorTablas creador(datos, co::CarpetaDatosAplicacion());
+    datos.setTableCreator(&creador);
+    const int empresa = a.empresa >= 0 ? a.empresa : primeraEmpresa(datos);
+    if (empresa != sesion.CodigoEmpresa && !sesion.ConectarEmpresa(empresa, &motivo)) {
+        print(stderr, QStringLiteral("No es posible abrir la base de datos. Motivo: ") + motivo + u'\n');
+        return 1;
+    }
     int status = 0;
     for (const QString &statement : std::as_const(statements)) {
         const QString result = datos.EjecutarSQL(statement, a.conexion, a.opciones);

@@ -1,0 +1,105 @@
+// The command-line statement runner, as scripts use it: exact result text on
+// standard output, a non-zero status for "Error." results, on both back-ends.
+#include "support/layer_fixture.h"
+#include "support/test_postgres.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace co {
+namespace {
+
+struct CliRun {
+    int status;
+    QString out;
+    QString err;
+};
+
+CliRun cli(const QStringList &args) {
+    QProcess p;
+    p.start(QStringLiteral(CO_CLI_PATH), args);
+    p.waitForFinished(120000);
+    return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1, QString::fromUtf8(p.readAllStandardOutput()),
+            QString::fromUtf8(p.readAllStandardError())};
+}
+
+class CommandLine : public ::testing::TestWithParam<Backend> {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir_.isValid());
+        settings_ = test::freshInstallation(GetParam(), dir_.path());
+        QStringList init = {QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()};
+        if (GetParam() == Backend::PostgreSQL) {
+            ASSERT_TRUE(EscribirInstalacion(dir_.path(), settings_));
+        }
+        const CliRun r = cli(init);
+        ASSERT_EQ(r.status, 0) << r.err.toStdString();
+    }
+    void TearDown() override { test::dropInstallation(settings_); }
+    CliRun sql(const QStringList &more) {
+        return cli(QStringList{QStringLiteral("sql"), QStringLiteral("--dir"), dir_.path()} + more);
+    }
+    QTemporaryDir dir_;
+    InstallationSettings settings_;
+};
+
+TEST_P(CommandLine, InitMakesTheFirstCompanyAndSqlPrintsResultsAsTheyAre) {
+    EXPECT_EQ(sql({QStringLiteral("SELECT Codigo FROM EMPRESA")}).out, QStringLiteral("1"));
+    ASSERT_EQ(sql({QStringLiteral("CREATE TABLE NOTAS (Codigo INTEGER PRIMARY KEY, Texto VARCHAR(40))")}).status, 0);
+    ASSERT_EQ(sql({QStringLiteral("INSERT INTO NOTAS VALUES ('1', 'a|b ñ')")}).status, 0);
+    ASSERT_EQ(sql({QStringLiteral("INSERT INTO NOTAS VALUES ('2', 'c')")}).status, 0);
+    EXPECT_EQ(sql({QStringLiteral("SELECT Codigo, Texto FROM NOTAS ORDER BY Codigo")}).out, QStringLiteral("1|a|b ñ\r\n2|c"));
+    EXPECT_EQ(sql({QStringLiteral("--opciones"), QStringLiteral("FormatoINI,NoEliminarUltimoCRLF"),
+                   QStringLiteral("SELECT Texto FROM NOTAS WHERE Codigo = 2")})
+                  .out,
+              QStringLiteral("Texto=c\r\n"));
+    // The company's data are not the general database's.
+    EXPECT_EQ(sql({QStringLiteral("--conexion"), QStringLiteral("DatabaseGeneral"), QStringLiteral("--opciones"),
+                   QStringLiteral("Silenciosa,No Crear Tabla"), QStringLiteral("SELECT * FROM NOTAS")})
+                  .status,
+              1);
+}
+
+TEST_P(CommandLine, FailuresGiveTheErrorTextAndAStatus) {
+    const CliRun r = sql({QStringLiteral("--opciones"), QStringLiteral("Silenciosa"), QStringLiteral("SELEC 1")});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.out.startsWith(QStringLiteral("Error. No es posible ejecutar la sentencia SQL. Motivo: "))) << r.out.toStdString();
+    EXPECT_TRUE(r.err.isEmpty());
+    const CliRun loud = sql({QStringLiteral("SELEC 1")});
+    EXPECT_TRUE(loud.err.contains(QStringLiteral("Hay un error en la siguiente Sentencia SQL")));
+}
+
+TEST_P(CommandLine, MissingTablesAreMadeFromTheStructureFile) {
+    EXPECT_EQ(sql({QStringLiteral("SELECT COUNT(*) FROM OBRA")}).out, QStringLiteral("0"));
+    EXPECT_EQ(sql({QStringLiteral("INSERT INTO OBRA (Codigo, Descripcion) VALUES ('7', 'Nave')")}).status, 0);
+    EXPECT_EQ(sql({QStringLiteral("SELECT Codigo, Descripcion, Situacion FROM OBRA")}).out, QStringLiteral("7|Nave|"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Backends, CommandLine, ::testing::Values(Backend::SQLite, Backend::PostgreSQL), test::backendName);
+
+TEST(CommandLineUsage, BadArgumentsAreRefused) {
+    EXPECT_EQ(cli({}).status, 2);
+    EXPECT_EQ(cli({QStringLiteral("sql")}).status, 2);
+    EXPECT_EQ(cli({QStringLiteral("sql"), QStringLiteral("--dir")}).status, 2);
+    EXPECT_EQ(cli({QStringLiteral("sql"), QStringLiteral("--dir"), QStringLiteral("/tmp"), QStringLiteral("--empresa"),
+                   QStringLiteral("x"), QStringLiteral("SELECT 1")})
+                  .status,
+              2);
+    EXPECT_EQ(cli({QStringLiteral("borrar"), QStringLiteral("--dir"), QStringLiteral("/tmp")}).status, 2);
+    QTemporaryDir empty;
+    const CliRun r = cli({QStringLiteral("sql"), QStringLiteral("--dir"), empty.path(), QStringLiteral("SELECT 1")});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.err.contains(QStringLiteral("No ha sido posible leer los parámetros del archivo"))) << r.err.toStdString();
+}
+
+TEST(CommandLineUsage, UnsupportedBackEndIsNamed) {
+    QTemporaryDir dir;
+    const CliRun r = cli({QStringLiteral("init"), QStringLiteral("--dir"), dir.path(), QStringLiteral("--tipo"),
+                       QStringLiteral("Microsoft SQL Server")});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.err.contains(QStringLiteral("PostgreSQL"))) << r.err.toStdString();
+}
+
+} // namespace
+} // namespace co
