@@ -72,6 +72,8 @@ public:
     // Milliseconds a statement waits for data another user holds; taken when a
     // connection opens.
     int EsperaBloqueoMs = 15000;
+    // The INI file in force.
+    QString ArchivoINI;
     // File of the statement trace of the second channel; no trace while empty.
     QString ArchivoTrazaSQL;
 

@@ -1,0 +1,113 @@
+#include "core/table_opening.h"
+
+#include "core/ini_file.h"
+#include "core/sql_text.h"
+
+#include <QDir>
+
+namespace co {
+namespace {
+
+const QString kGeneral = QStringLiteral("DatabaseGeneral");
+const QString kSeccionReconstruccion = QStringLiteral("Reconstrucción Automática de Tablas");
+
+bool faltaTabla(const QString &fallo, bool soloTableDoesNotExist) {
+    if (fallo.contains(QStringLiteral("Table does not exist")))
+        return true;
+    return !soloTableDoesNotExist && (fallo.contains(QStringLiteral("File or directory does not exist")) ||
+                                      fallo.contains(QStringLiteral("Table unknown")));
+}
+
+} // namespace
+
+QString AperturaTablas::conexionDe(TablaAbrible &tabla, QString *paraCrear) {
+    TfGENEINIC &sesion = datos_.sesion();
+    const QString nombre = tabla.TableName();
+    const QString actual = tabla.DatabaseName();
+    *paraCrear = actual;
+    if (EsTablaTemporal(nombre))
+        return actual;
+    if (EsTablaGeneral(nombre))
+        return *paraCrear = kGeneral;
+    if (actual.startsWith(u'?')) {
+        if (sesion.backend() == Backend::PostgreSQL)
+            return actual.mid(1);
+        // The embedded back-end reaches another company through the alternate connection.
+        sesion.ConectarEmpresaAlt(-1, actual.mid(1));
+        return QStringLiteral("DatabaseAlt");
+    }
+    return *paraCrear = QStringLiteral("Database");
+}
+
+bool AperturaTablas::abrir(TablaAbrible &tabla, Origen origen) {
+    if (tabla.Active())
+        return true;
+    TfGENEINIC &sesion = datos_.sesion();
+    QString paraCrear;
+    const QString conexion = conexionDe(tabla, &paraCrear);
+    tabla.SetDatabaseName(conexion);
+    QString fallo;
+    if (tabla.Open(&fallo))
+        return true;
+    if (faltaTabla(fallo, origen == Origen::AbrirTablasForm)) {
+        QString motivo;
+        creador_.CrearTabla(tabla.TableName(), paraCrear, {}, &motivo);
+        QString reintento;
+        if (tabla.Open(&reintento))
+            return true;
+        // The incident log of this program keeps nothing; the creation has told
+        // the failure in its own words.
+        return false;
+    }
+    sesion.mensajes().MensajeA(QStringLiteral("TRADUCIR: ") + fallo + QStringLiteral(" Tabla: ") + tabla.TableName() +
+                               u'(' + tabla.ComponentName() + u')' + QStringLiteral(" DataBase: ") + conexion);
+    ComprobarReconstruccion(tabla.TableName(), fallo);
+    return false;
+}
+
+bool AperturaTablas::AperturaTablaOK(TablaAbrible &tabla) { return abrir(tabla, Origen::AperturaTablaOK); }
+
+bool AperturaTablas::AbrirTablasForm(FormularioTablas &form) {
+    if (form.preparar)
+        form.preparar();
+    if (form.cursorEspera)
+        form.cursorEspera(true);
+    bool ok = true;
+    for (TablaAbrible *tabla : std::as_const(form.tablas)) {
+        if (tabla->TableName().isEmpty())
+            continue;
+        const bool paragene = tabla->TableName().toUpper().contains(QStringLiteral("PARAGENE"));
+        if (paragene && (datos_.sesion().CodigoEmpresa == 0 || form.nombre == u"fGENEMENU"))
+            continue;
+        tabla->Close();
+        if (!abrir(*tabla, Origen::AbrirTablasForm)) {
+            ok = false;
+            break;
+        }
+    }
+    if (!ok && form.cerrar)
+        form.cerrar();
+    if (ok && form.traducir)
+        form.traducir();
+    if (form.cursorEspera)
+        form.cursorEspera(false);
+    return ok;
+}
+
+void AperturaTablas::ComprobarReconstruccion(const QString &tabla, const QString &fallo) {
+    TfGENEINIC &sesion = datos_.sesion();
+    const QString upper = fallo.toUpper();
+    if (sesion.backend() != Backend::SQLite || sesion.ArchivoINI.isEmpty() ||
+        !(upper.contains(QStringLiteral("INDEX")) || upper.contains(QStringLiteral("CORRUPT"))))
+        return;
+    const IniFile ini = IniFile::load(sesion.ArchivoINI);
+    QStringList tablas = ini.value(kSeccionReconstruccion, QStringLiteral("Tablas")).value_or(QString())
+                             .split(u',', Qt::SkipEmptyParts);
+    // Always a multi-company session: the table goes with its company's folder.
+    tablas << sesion.PathBaseDatos + u'\\' + tabla;
+    tablas.removeDuplicates();
+    tablas.sort();
+    EscribirClaveINI(sesion.ArchivoINI, kSeccionReconstruccion, QStringLiteral("Tablas"), tablas.join(u','));
+}
+
+} // namespace co
