@@ -31,6 +31,7 @@ bool LeerInstalacion(const QString &carpeta, InstallationSettings *out) {
     out->AliasBaseDatos = value("AliasBaseDatos", QStringLiteral("empresa"));
     out->PathArchivosTemporales = value("PathArchivosTemporales", QString());
     out->NombrePrimeraEmpresa = value("NombrePrimeraEmpresa", QString());
+    out->CodigoPrimerUsuario = value("CodigoPrimerUsuario", QString());
     out->ServidorBaseDatos = value("ServidorBaseDatos", QString());
     return ok;
 }
@@ -47,6 +48,7 @@ bool EscribirInstalacion(const QString &carpeta, const InstallationSettings &s) 
         << "AliasBaseDatos=" << s.AliasBaseDatos << '\n'
         << "PathArchivosTemporales=" << s.PathArchivosTemporales << '\n'
         << "NombrePrimeraEmpresa=" << s.NombrePrimeraEmpresa << '\n'
+        << "CodigoPrimerUsuario=" << s.CodigoPrimerUsuario << '\n'
         << "ServidorBaseDatos=" << s.ServidorBaseDatos << '\n';
     return out.status() == QTextStream::Ok;
 }

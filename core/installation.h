@@ -13,6 +13,7 @@ struct InstallationSettings {
     QString AliasBaseDatos;         // company data alias, without company number
     QString PathArchivosTemporales; // where temporary tables are made
     QString NombrePrimeraEmpresa;   // name of the first company
+    QString CodigoPrimerUsuario;    // code of the first user; empty: the system user
     QString ServidorBaseDatos;      // PostgreSQL: libpq words "host=... port=... dbname=..."
 };
 

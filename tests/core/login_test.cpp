@@ -1,0 +1,318 @@
+// `IdentificarUsuario` on both back-ends: the prompts, unknown and empty codes,
+// passwords in clear and hashed, the failure counter and the lock-out, profiles,
+// the operating-system login, hostile text and records that cannot be saved.
+#include "core/login.h"
+#include "core/password_hash.h"
+#include "core/users.h"
+
+#include "user_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace co {
+namespace {
+
+const QString kPideCodigo = QStringLiteral("Introduzca el Código de Usuario:");
+const QString kPideClave = QStringLiteral("Introduzca la Clave de Acceso:");
+const QString kNoDefinido = QStringLiteral("¡El usuario no está definido!");
+const QString kIncorrecta = QStringLiteral("¡La Clave de Acceso es incorrecta!");
+const QString kRevocado =
+    QStringLiteral("¡Su derecho de acceso ha sido revocado!. Contacte con el administrador");
+const QString kNoGrabada =
+    QStringLiteral("¡Imposible grabar la configuración del usuario!. Motivo: ");
+
+class Login : public test::UserTest {
+protected:
+    // One login answering the code prompt with `codigo` and, when given, the
+    // password prompt with `clave`. An answer that no prompt takes would be left
+    // for the next login, so give `clave` only when the password is asked.
+    bool login(const QString &codigo, const std::optional<QString> &clave = std::nullopt) {
+        messages_.clear();
+        messages_.answer(codigo);
+        if (clave)
+            messages_.answer(*clave);
+        QString code;
+        const bool accepted = IdentificarUsuario(*datos_, code, opciones_, &sesionUsuario_);
+        if (accepted)
+            accepted_ = code;
+        return accepted;
+    }
+
+    QString counter(const QString &codigo) {
+        QString value;
+        ValorUsuario(*datos_, codigo, QStringLiteral("ContadorAccesos"), value,
+                     QStringLiteral("0"));
+        return value;
+    }
+
+    void withPassword(const QString &codigo, const QString &clave,
+                      const QString &categoria = QStringLiteral("Normal")) {
+        addUser(codigo, categoria);
+        ASSERT_TRUE(GuardarClaveAcceso(*datos_, codigo, clave));
+    }
+
+    OpcionesIdentificacion opciones_;
+    SesionUsuario sesionUsuario_;
+    QString accepted_;
+};
+
+TEST_P(Login, AcceptedUserBecomesTheSessionUserWithTheStoredSpelling) {
+    withPassword(QStringLiteral("Ana.Garcia"), QStringLiteral("s3creta"));
+    EXPECT_TRUE(login(QStringLiteral("ANA.GARCIA"), QStringLiteral("s3creta")));
+    EXPECT_EQ(accepted_, QStringLiteral("Ana.Garcia"));
+    EXPECT_EQ(sesion_->CodigoUsuario, QStringLiteral("Ana.Garcia"));
+    EXPECT_EQ(sesionUsuario_.ClaveUsuario, QStringLiteral("s3creta"));
+    EXPECT_EQ(messages_.texts(), QStringList({kPideCodigo, kPideClave}));
+    EXPECT_EQ(messages_.shown().value(0).kind, u'P');
+    EXPECT_EQ(messages_.shown().value(1).kind, u'P');
+}
+
+TEST_P(Login, ExactSpellingWinsOverAnotherCase) {
+    addUser(QStringLiteral("ana"));
+    addUser(QStringLiteral("ANA"));
+    EXPECT_TRUE(login(QStringLiteral("ANA")));
+    EXPECT_EQ(accepted_, QStringLiteral("ANA"));
+    EXPECT_TRUE(login(QStringLiteral("ana")));
+    EXPECT_EQ(accepted_, QStringLiteral("ana"));
+}
+
+TEST_P(Login, ProposedCodeIsTheArgumentOrElseTheSystemUser) {
+    addUser(QStringLiteral("jefe"));
+    addUser(QStringLiteral("sistema"));
+    opciones_.UsuarioSistema = QStringLiteral("sistema");
+    opciones_.ParametroUsuario = QStringLiteral("jefe");
+    QString code;
+    messages_.clear();
+    // No answer queued: the prompt gives back what it proposed.
+    EXPECT_TRUE(IdentificarUsuario(*datos_, code, opciones_));
+    EXPECT_EQ(code, QStringLiteral("jefe"));
+    opciones_.ParametroUsuario.clear();
+    EXPECT_TRUE(IdentificarUsuario(*datos_, code, opciones_));
+    EXPECT_EQ(code, QStringLiteral("sistema"));
+}
+
+TEST_P(Login, EmptyAnswerRefusesWithoutAMessage) {
+    addUser(QStringLiteral("ana"));
+    sesion_->CodigoUsuario = QStringLiteral("antes");
+    EXPECT_FALSE(login(QString()));
+    EXPECT_FALSE(login(QStringLiteral("   ")));
+    EXPECT_EQ(messages_.texts(), QStringList({kPideCodigo}));
+    EXPECT_EQ(sesion_->CodigoUsuario, QStringLiteral("antes"));
+}
+
+TEST_P(Login, UnknownUserIsWarnedAndRefused) {
+    addUser(QStringLiteral("ana"));
+    EXPECT_FALSE(login(QStringLiteral("anabel")));
+    EXPECT_EQ(messages_.texts(), QStringList({kPideCodigo, kNoDefinido}));
+    EXPECT_EQ(messages_.shown().value(1).kind, u'A');
+    EXPECT_TRUE(sesion_->CodigoUsuario.isEmpty());
+    // Pattern characters and overlong or broken codes match nothing either.
+    EXPECT_FALSE(login(QString(300, u'a')));
+    EXPECT_FALSE(login(QStringLiteral("ana%")));
+    EXPECT_FALSE(login(QStringLiteral("an_")));
+    EXPECT_FALSE(login(QStringLiteral("ana") + QChar(0)));
+    EXPECT_EQ(messages_.texts().last(), kNoDefinido);
+}
+
+TEST_P(Login, UserWithoutPasswordIsNeverAsked) {
+    addUser(QStringLiteral("libre"));
+    EXPECT_TRUE(login(QStringLiteral("libre")));
+    EXPECT_EQ(messages_.texts(), QStringList({kPideCodigo}));
+    EXPECT_TRUE(sesionUsuario_.ClaveUsuario.isEmpty());
+}
+
+TEST_P(Login, WrongPasswordCountsAndRefuses) {
+    withPassword(QStringLiteral("ana"), QStringLiteral("buena"));
+    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("mala")));
+    EXPECT_EQ(messages_.texts(), QStringList({kPideCodigo, kPideClave, kIncorrecta}));
+    EXPECT_EQ(messages_.shown().value(2).kind, u'A');
+    EXPECT_EQ(counter(QStringLiteral("ana")), QStringLiteral("1"));
+    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("BUENA")));
+    EXPECT_EQ(counter(QStringLiteral("ana")), QStringLiteral("2"));
+    EXPECT_TRUE(sesion_->CodigoUsuario.isEmpty());
+}
+
+TEST_P(Login, RightPasswordAfterTwoWrongOnesClearsTheCounter) {
+    withPassword(QStringLiteral("ana"), QStringLiteral("buena"));
+    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("mala")));
+    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("peor")));
+    EXPECT_TRUE(login(QStringLiteral("ana"), QStringLiteral("buena")));
+    EXPECT_EQ(counter(QStringLiteral("ana")), QStringLiteral("0"));
+    // Two more wrong ones do not lock: the count starts again.
+    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("mala")));
+    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("mala")));
+    EXPECT_TRUE(login(QStringLiteral("ana"), QStringLiteral("buena")));
+}
+
+TEST_P(Login, ThirdWrongPasswordLocksTheUserOut) {
+    withPassword(QStringLiteral("ana"), QStringLiteral("buena"));
+    for (int i = 0; i < 3; ++i)
+        EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("mala")));
+    // The password is not even asked for.
+    EXPECT_FALSE(login(QStringLiteral("ana")));
+    EXPECT_EQ(messages_.texts(), QStringList({kPideCodigo, kRevocado}));
+    EXPECT_EQ(counter(QStringLiteral("ana")), QStringLiteral("3"));
+    // Clearing the counter gives access back.
+    ASSERT_TRUE(GuardarValorUsuario(*datos_, QStringLiteral("ana"),
+                                    QStringLiteral("ContadorAccesos"), QStringLiteral("0")));
+    EXPECT_TRUE(login(QStringLiteral("ana"), QStringLiteral("buena")));
+}
+
+TEST_P(Login, CounterKeepsTheRestOfTheUserSettings) {
+    addUser(QStringLiteral("ana"), QStringLiteral("Normal"), {},
+            QStringLiteral("VisualizacionPrevia=NO\r\nContadorAccesos=2\r\nIndicesBusqueda=a=b"));
+    ASSERT_TRUE(GuardarClaveAcceso(*datos_, QStringLiteral("ana"), QStringLiteral("buena")));
+    EXPECT_TRUE(login(QStringLiteral("ana"), QStringLiteral("buena")));
+    EXPECT_EQ(user(QStringLiteral("ana")).Configuracion,
+              QStringLiteral("VisualizacionPrevia=NO\r\nContadorAccesos=0\r\nIndicesBusqueda=a=b"));
+}
+
+TEST_P(Login, UnreadableCounterCountsAsZero) {
+    withPassword(QStringLiteral("ana"), QStringLiteral("buena"));
+    ASSERT_TRUE(GuardarValorUsuario(*datos_, QStringLiteral("ana"),
+                                    QStringLiteral("ContadorAccesos"), QStringLiteral("muchos")));
+    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("mala")));
+    EXPECT_EQ(counter(QStringLiteral("ana")), QStringLiteral("1"));
+}
+
+TEST_P(Login, ClearTextPasswordIsReplacedByItsHashOnTheNextGoodLogin) {
+    addUser(QStringLiteral("viejo"), QStringLiteral("Normal"), QStringLiteral("antigua"));
+    EXPECT_FALSE(login(QStringLiteral("viejo"), QStringLiteral("ANTIGUA")));
+    EXPECT_EQ(user(QStringLiteral("viejo")).ClaveAcceso, QStringLiteral("antigua"));
+    EXPECT_TRUE(login(QStringLiteral("viejo"), QStringLiteral("antigua")));
+    const QString stored = user(QStringLiteral("viejo")).ClaveAcceso;
+    EXPECT_TRUE(isPasswordHash(stored)) << stored.toStdString();
+    EXPECT_TRUE(verifyPassword(stored, QStringLiteral("antigua")));
+    EXPECT_EQ(messages_.texts(), QStringList({kPideCodigo, kPideClave}));
+    // From now on the hash decides; the hash text itself is no password.
+    EXPECT_TRUE(login(QStringLiteral("viejo"), QStringLiteral("antigua")));
+    EXPECT_EQ(user(QStringLiteral("viejo")).ClaveAcceso, stored);
+    EXPECT_FALSE(login(QStringLiteral("viejo"), stored));
+}
+
+TEST_P(Login, HashOfAnotherCostIsRemadeAtTheCurrentOne) {
+    withPassword(QStringLiteral("ana"), QStringLiteral("buena"));
+    const QString before = user(QStringLiteral("ana")).ClaveAcceso;
+    ASSERT_TRUE(setPasswordHashCost({2, 16384}));
+    EXPECT_TRUE(login(QStringLiteral("ana"), QStringLiteral("buena")));
+    const QString after = user(QStringLiteral("ana")).ClaveAcceso;
+    EXPECT_NE(after, before);
+    EXPECT_FALSE(passwordNeedsUpgrade(after));
+    EXPECT_TRUE(verifyPassword(after, QStringLiteral("buena")));
+}
+
+TEST_P(Login, HostileCodesAndPasswordsAreJustText) {
+    const QString code = QStringLiteral("';DROP TABLE USUARIO");
+    const QString password = QStringLiteral("' OR '1'='1");
+    withPassword(code, password);
+    withPassword(QStringLiteral("dbo.x TOP 1"), QStringLiteral("x = NULL"));
+    EXPECT_FALSE(login(code, QStringLiteral("x' OR 'a'='a")));
+    EXPECT_FALSE(login(QStringLiteral("' OR '1'='1")));
+    EXPECT_EQ(messages_.texts().last(), kNoDefinido);
+    EXPECT_TRUE(login(code.toUpper(), password));
+    EXPECT_EQ(accepted_, code);
+    EXPECT_TRUE(login(QStringLiteral("dbo.x top 1"), QStringLiteral("x = NULL")));
+    EXPECT_EQ(accepted_, QStringLiteral("dbo.x TOP 1"));
+    EXPECT_EQ(ok(QStringLiteral("SELECT COUNT(*) FROM USUARIO"), QStringLiteral("DatabaseGeneral")),
+              QStringLiteral("2"));
+}
+
+TEST_P(Login, ProfileUserKeepsItsOwnPasswordAndCounter) {
+    withPassword(QStringLiteral("PERFIL"), QStringLiteral("del-perfil"),
+                 QStringLiteral("Administrador"));
+    withPassword(QStringLiteral("ana"), QStringLiteral("de-ana"), QStringLiteral("PERFIL"));
+    setField(QStringLiteral("PERFIL"), QStringLiteral("Configuracion"),
+             QStringLiteral("CamposNoVisibles=PrecioCompra,Margen"));
+    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("del-perfil")));
+    EXPECT_EQ(counter(QStringLiteral("ana")), QStringLiteral("1"));
+    EXPECT_EQ(counter(QStringLiteral("PERFIL")), QStringLiteral("0"));
+    EXPECT_TRUE(login(QStringLiteral("ana"), QStringLiteral("de-ana")));
+    EXPECT_EQ(accepted_, QStringLiteral("ana"));
+    // Hidden fields come with the profile.
+    EXPECT_EQ(sesionUsuario_.CamposNoVisibles,
+              QStringList({QStringLiteral("PrecioCompra"), QStringLiteral("Margen")}));
+    EXPECT_EQ(user(QStringLiteral("PERFIL")).Configuracion,
+              QStringLiteral("CamposNoVisibles=PrecioCompra,Margen"));
+}
+
+TEST_P(Login, SystemLoginMakesAnUnknownUserNormalWithoutAnyPrompt) {
+    opciones_.AutenticacionWindows = true;
+    opciones_.UsuarioSistema = QStringLiteral("operario1");
+    opciones_.ParametroUsuario = QStringLiteral("ignorado");
+    QString code;
+    messages_.clear();
+    EXPECT_TRUE(IdentificarUsuario(*datos_, code, opciones_, &sesionUsuario_));
+    EXPECT_TRUE(messages_.texts().isEmpty()) << messages_.texts().join(u'\n').toStdString();
+    EXPECT_EQ(code, QStringLiteral("operario1"));
+    const UserRecord r = user(QStringLiteral("operario1"));
+    EXPECT_EQ(r.Nombre, QStringLiteral("operario1"));
+    EXPECT_EQ(r.Categoria, QStringLiteral("Normal"));
+    EXPECT_TRUE(r.ClaveAcceso.isEmpty());
+    EXPECT_TRUE(findUser(*datos_, QStringLiteral("ignorado")) == std::nullopt);
+}
+
+TEST_P(Login, SystemLoginFindsAnExistingUserInAnyCaseAndAsksNoPassword) {
+    withPassword(QStringLiteral("Operario1"), QStringLiteral("clave"));
+    opciones_.AutenticacionWindows = true;
+    opciones_.UsuarioSistema = QStringLiteral("OPERARIO1");
+    QString code;
+    messages_.clear();
+    EXPECT_TRUE(IdentificarUsuario(*datos_, code, opciones_, &sesionUsuario_));
+    EXPECT_TRUE(messages_.texts().isEmpty());
+    EXPECT_EQ(code, QStringLiteral("Operario1"));
+    EXPECT_EQ(sesionUsuario_.ClaveUsuario, user(QStringLiteral("Operario1")).ClaveAcceso);
+    EXPECT_EQ(ok(QStringLiteral("SELECT COUNT(*) FROM USUARIO"), QStringLiteral("DatabaseGeneral")),
+              QStringLiteral("1"));
+}
+
+// A `USUARIO` made by hand with a check that makes chosen writes fail.
+class LoginWithFailingWrites : public Login {
+protected:
+    void makeTable(const QString &check) {
+        ok(QStringLiteral("CREATE TABLE USUARIO (Codigo VARCHAR(20) NOT NULL PRIMARY KEY, "
+                          "Nombre VARCHAR(40), Categoria VARCHAR(20), ClaveAcceso VARCHAR(128), "
+                          "Empresas TEXT, ProgramasNoAccesibles TEXT, ProgramasSoloLectura TEXT, "
+                          "ProgramasActivos TEXT, Configuracion TEXT, CHECK (") +
+               check + QStringLiteral("))"),
+           QStringLiteral("DatabaseGeneral"));
+    }
+};
+
+TEST_P(LoginWithFailingWrites, SystemUserThatCannotBeAddedIsTold) {
+    makeTable(QStringLiteral("Codigo <> 'bloqueado'"));
+    opciones_.AutenticacionWindows = true;
+    opciones_.UsuarioSistema = QStringLiteral("bloqueado");
+    QString code;
+    EXPECT_FALSE(IdentificarUsuario(*datos_, code, opciones_));
+    EXPECT_EQ(messages_.texts(),
+              QStringList({QStringLiteral("¡Imposible dar de alta el usuario!"), kNoDefinido}));
+}
+
+TEST_P(LoginWithFailingWrites, UnsavedCounterIsToldAndTheResultStands) {
+    makeTable(
+        QStringLiteral("Configuracion IS NULL OR Configuracion NOT LIKE '%ContadorAccesos=%'"));
+    withPassword(QStringLiteral("ana"), QStringLiteral("buena"));
+    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("mala")));
+    ASSERT_EQ(messages_.texts().size(), 4);
+    EXPECT_EQ(messages_.texts().at(2), kIncorrecta);
+    EXPECT_TRUE(messages_.texts().at(3).startsWith(kNoGrabada + QStringLiteral("Error.")))
+        << messages_.texts().at(3).toStdString();
+    EXPECT_EQ(counter(QStringLiteral("ana")), QStringLiteral("0"));
+    EXPECT_TRUE(login(QStringLiteral("ana"), QStringLiteral("buena")));
+}
+
+TEST_P(LoginWithFailingWrites, UnsavedHashKeepsTheClearPasswordAndTheLogin) {
+    makeTable(QStringLiteral("ClaveAcceso NOT LIKE '$argon2id$%'"));
+    addUser(QStringLiteral("viejo"), QStringLiteral("Normal"), QStringLiteral("antigua"));
+    EXPECT_TRUE(login(QStringLiteral("viejo"), QStringLiteral("antigua")));
+    EXPECT_EQ(sesion_->CodigoUsuario, QStringLiteral("viejo"));
+    ASSERT_EQ(messages_.texts().size(), 3);
+    EXPECT_TRUE(messages_.texts().at(2).startsWith(kNoGrabada));
+    EXPECT_EQ(user(QStringLiteral("viejo")).ClaveAcceso, QStringLiteral("antigua"));
+}
+
+CO_ON_BOTH_BACKENDS(Login);
+CO_ON_BOTH_BACKENDS(LoginWithFailingWrites);
+
+} // namespace
+} // namespace co
