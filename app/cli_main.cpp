@@ -1,14 +1,20 @@
 // control-obras-cli: the program's logic without windows, for scripts and batch work.
 //
 //   control-obras-cli init --dir DIR [--tipo PostgreSQL --servidor "host=... port=..."]
-//   control-obras-cli sql --dir DIR [--conexion WORD] [--opciones WORDS] [--empresa N] "STATEMENT"
-//   control-obras-cli sql --dir DIR [...] --archivo FILE     (one statement per line)
+//   control-obras-cli sql --dir DIR [U=CODE | --usuario CODE] [--empresa N] [--conexion WORD]
+//                         [--opciones WORDS] "STATEMENT"      (or --archivo FILE, one per line)
+//   control-obras-cli programas --dir DIR [U=CODE | --usuario CODE] [--empresa N]
+//
+// Commands after init log in as the desktop program does; the password comes
+// from CONTROL_OBRAS_CLAVE or is asked on the terminal. Without a user the
+// installation's first user is taken.
 
+#include "cli_messages.h"
 #include "core/data_folder.h"
-#include "core/database.h"
-#include "core/installation.h"
-#include "core/session.h"
-#include "core/table_creation.h"
+#include "core/main_menu.h"
+#include "core/rights.h"
+#include "core/startup.h"
+#include "core/text_utils.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -27,7 +33,8 @@ struct Arguments {
     QString archivo;
     QString tipo;
     QString servidor;
-    int empresa = -1; // -1: the first company of the installation
+    QString usuario;
+    int empresa = -1; // -1: the user's first company
     QStringList positional;
 };
 
@@ -40,9 +47,10 @@ int usage() {
     print(stderr, QStringLiteral(
                       "Uso:\n"
                       "  control-obras-cli init --dir CARPETA [--tipo PostgreSQL --servidor \"host=... port=... dbname=...\"]\n"
-                      "  control-obras-cli sql --dir CARPETA [--conexion PALABRA] [--opciones PALABRAS] [--empresa N] "
-                      "\"SENTENCIA\"\n"
-                      "  control-obras-cli sql --dir CARPETA [...] --archivo ARCHIVO\n"));
+                      "  control-obras-cli sql --dir CARPETA [U=USUARIO | --usuario USUARIO] [--empresa N] "
+                      "[--conexion PALABRA] [--opciones PALABRAS] \"SENTENCIA\"\n"
+                      "  control-obras-cli sql --dir CARPETA [...] --archivo ARCHIVO\n"
+                      "  control-obras-cli programas --dir CARPETA [U=USUARIO | --usuario USUARIO] [--empresa N]\n"));
     return 2;
 }
 
@@ -51,43 +59,55 @@ std::optional<Arguments> parse(const QStringList &args) {
         return std::nullopt;
     Arguments a;
     a.command = args[1];
+    static const QStringList withValue = {QStringLiteral("--dir"),     QStringLiteral("--conexion"), QStringLiteral("--opciones"),
+                                          QStringLiteral("--archivo"), QStringLiteral("--tipo"),     QStringLiteral("--servidor"),
+                                          QStringLiteral("--empresa"), QStringLiteral("--usuario")};
     for (int i = 2; i < args.size(); ++i) {
         const QString &arg = args[i];
-        auto next = [&]() -> std::optional<QString> {
-            if (i + 1 >= args.size())
-                return std::nullopt;
-            return args[++i];
-        };
-        std::optional<QString> value;
-        if (arg == u"--dir" || arg == u"--conexion" || arg == u"--opciones" || arg == u"--archivo" ||
-            arg == u"--tipo" || arg == u"--servidor" || arg == u"--empresa") {
-            value = next();
-            if (!value)
-                return std::nullopt;
+        if (arg.size() > 2 && arg.left(2).toUpper() == u"U=") {
+            a.usuario = arg.mid(2);
+            continue;
         }
+        if (!withValue.contains(arg)) {
+            a.positional << arg;
+            continue;
+        }
+        if (i + 1 >= args.size())
+            return std::nullopt;
+        const QString value = args[++i];
         if (arg == u"--dir")
-            a.dir = *value;
+            a.dir = value;
         else if (arg == u"--conexion")
-            a.conexion = *value;
+            a.conexion = value;
         else if (arg == u"--opciones")
-            a.opciones = *value;
+            a.opciones = value;
         else if (arg == u"--archivo")
-            a.archivo = *value;
+            a.archivo = value;
         else if (arg == u"--tipo")
-            a.tipo = *value;
+            a.tipo = value;
         else if (arg == u"--servidor")
-            a.servidor = *value;
-        else if (arg == u"--empresa") {
+            a.servidor = value;
+        else if (arg == u"--usuario")
+            a.usuario = value;
+        else {
             bool ok = false;
-            a.empresa = value->toInt(&ok);
+            a.empresa = value.toInt(&ok);
             if (!ok || a.empresa < 0)
                 return std::nullopt;
-        } else
-            a.positional << arg;
+        }
     }
     if (a.dir.isEmpty())
         return std::nullopt;
     return a;
+}
+
+co::OpcionesArranque opcionesDe(const Arguments &a) {
+    co::OpcionesArranque o;
+    o.carpetaInstalacion = a.dir;
+    o.carpetaAplicacion = a.dir;
+    o.carpetaDatos = co::CarpetaDatosAplicacion();
+    o.instalacionObligatoria = true;
+    return o;
 }
 
 int init(const Arguments &a) {
@@ -103,37 +123,37 @@ int init(const Arguments &a) {
         return 1;
     }
     // A relative folder keeps the installation movable.
-    co::InstallationSettings written = settings;
-    if (QDir(written.PathBaseDatosGeneral) == QDir(a.dir))
-        written.PathBaseDatosGeneral = QStringLiteral(".");
-    if (!co::EscribirInstalacion(a.dir, written)) {
+    if (QDir(settings.PathBaseDatosGeneral) == QDir(a.dir))
+        settings.PathBaseDatosGeneral = QStringLiteral(".");
+    if (!co::EscribirInstalacion(a.dir, settings)) {
         print(stderr, QStringLiteral("No ha sido posible escribir el archivo %1.\n")
                           .arg(QDir(a.dir).filePath(QLatin1String(co::kArchivoInstalacion))));
         return 1;
     }
-    co::ConsoleMessages console;
-    co::TfGENEINIC sesion(settings, &console);
-    if (!sesion.Conectar(&motivo)) {
-        print(stderr, QStringLiteral("No es posible abrir la base de datos. Motivo: ") + motivo + u'\n');
-        return 1;
-    }
-    // The companies table, and with it the first company, is made on first use.
-    co::TModuloDatos datos(sesion);
-    co::CreadorTablas creador(datos, co::CarpetaDatosAplicacion());
-    datos.setTableCreator(&creador);
-    const QString empresas = datos.EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM EMPRESA"),
-                                               QStringLiteral("DatabaseGeneral"));
-    return empresas.startsWith(QStringLiteral("Error.")) ? 1 : 0;
+    co::cli::CliMessages port;
+    co::Aplicacion app(opcionesDe(a), &port);
+    return app.Iniciar() ? 0 : 1;
 }
 
-// The first company of the installation, 0 when it has none yet.
-int primeraEmpresa(co::TModuloDatos &datos) {
-    const QString r = datos.EjecutarSQL(QStringLiteral("SELECT MIN(Codigo) FROM EMPRESA"),
-                                        QStringLiteral("DatabaseGeneral"),
-                                        QStringLiteral("Silenciosa,No Crear Tabla"));
-    bool ok = false;
-    const int codigo = r.toInt(&ok);
-    return ok ? codigo : 0;
+// Logs in and selects the company; nullptr after telling why not.
+std::unique_ptr<co::Aplicacion> entrar(const Arguments &a, co::cli::CliMessages &port) {
+    co::OpcionesArranque o = opcionesDe(a);
+    co::InstallationSettings settings;
+    co::LeerInstalacion(a.dir, &settings);
+    o.linea.ParametroUsuario = a.usuario.isEmpty() ? settings.CodigoPrimerUsuario : a.usuario;
+    auto app = std::make_unique<co::Aplicacion>(o, &port);
+    if (!app->Iniciar() || !app->Identificar())
+        return nullptr;
+    const int empresa = a.empresa >= 0 ? a.empresa : app->EmpresaInicial();
+    if (empresa == 0) {
+        print(stderr, QStringLiteral("¡Ud.no tiene acceso a ninguna empresa!\n"));
+        return nullptr;
+    }
+    if (!app->SeleccionarEmpresa(empresa)) {
+        print(stderr, QStringLiteral("¡Ud. no tiene acceso a esta empresa!\n"));
+        return nullptr;
+    }
+    return app;
 }
 
 int sql(const Arguments &a) {
@@ -155,25 +175,13 @@ int sql(const Arguments &a) {
     } else {
         return usage();
     }
-    co::InstallationSettings settings;
-    if (!co::LeerInstalacion(a.dir, &settings)) {
-        print(stderr, QStringLiteral("No ha sido posible leer los parámetros del archivo %1.\n")
-                          .arg(QDir(a.dir).filePath(QLatin1String(co::kArchivoInstalacion))));
+    co::cli::CliMessages port;
+    const std::unique_ptr<co::Aplicacion> app = entrar(a, port);
+    if (!app)
         return 1;
-    }
-    co::ConsoleMessages console;
-    co::TfGENEINIC sesion(settings, &console);
-    QString motivo;
-    if (!sesion.Conectar(&motivo)) {
-        print(stderr, QStringLiteral("No es posible abrir la base de datos. Motivo: ") + motivo + u'\n');
-        return 1;
-    }
-    co::TModuloDatos datos(sesion);
-    co::CreadorTablas creador(datos, co::CarpetaDatosAplicacion());
-    datos.setTableCreator(&creador);
-    const int empresa = a.empresa >= 0 ? a.empresa : primeraEmpresa(datos);
-    if (empresa != sesion.CodigoEmpresa && !sesion.ConectarEmpresa(empresa, &motivo)) {
-        print(stderr, QStringLiteral("No es posible abrir la base de datos. Motivo: ") + motivo + u'\n');
+    co::TModuloDatos &datos = app->datos();
+    if (!co::EsAdministrador(datos, app->sesion().CodigoUsuario, QStringLiteral("Silencio"))) {
+        print(stderr, QStringLiteral("¡Sólo los usuarios de categoría Administrador pueden ejecutar sentencias SQL!\n"));
         return 1;
     }
     int status = 0;
@@ -188,6 +196,25 @@ int sql(const Arguments &a) {
     return status;
 }
 
+// The headless tour: the programs of the menu the user may open, one a line.
+int programas(const Arguments &a) {
+    co::cli::CliMessages port;
+    const std::unique_ptr<co::Aplicacion> app = entrar(a, port);
+    if (!app)
+        return 1;
+    print(stdout, QStringLiteral("%1: %2 (%3)\n")
+                      .arg(co::Aplicacion::NombrePrograma(), app->sesion().NombreEmpresa, app->sesion().CodigoUsuario));
+    for (const co::EntradaMenu &e : co::EntradasMenuPrincipal()) {
+        const QString programa = co::SinAmpersand(e.caption);
+        const QString nivel = e.pruebaDerechos
+                                  ? co::NivelAccesoPrograma(app->datos(), app->sesion().CodigoUsuario, programa)
+                                  : QString(co::kNivelTotal);
+        if (nivel != co::kNivelNinguno)
+            print(stdout, co::SinAmpersand(e.grupo) + QStringLiteral(" | ") + programa + QStringLiteral(" | ") + nivel + u'\n');
+    }
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -199,5 +226,7 @@ int main(int argc, char **argv) {
         return init(*args);
     if (args->command == u"sql")
         return sql(*args);
+    if (args->command == u"programas")
+        return programas(*args);
     return usage();
 }

@@ -31,7 +31,7 @@ bool LeerInstalacion(const QString &carpeta, InstallationSettings *out) {
     out->AliasBaseDatos = value("AliasBaseDatos", QStringLiteral("empresa"));
     out->PathArchivosTemporales = value("PathArchivosTemporales", QString());
     out->NombrePrimeraEmpresa = value("NombrePrimeraEmpresa", QString());
-    out->CodigoPrimerUsuario = value("CodigoPrimerUsuario", QString());
+    out->CodigoPrimerUsuario = value("CodigoPrimerUsuario", QStringLiteral("ADMIN"));
     out->ServidorBaseDatos = value("ServidorBaseDatos", QString());
     return ok;
 }

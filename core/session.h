@@ -63,6 +63,7 @@ public:
     QString PathArchivosTemporales;
     QString CodigoUsuario;
     int CodigoEmpresa = 0;
+    QString NombreEmpresa;
     QString FormatoFechaSQL = QStringLiteral("yyyy-mm-dd");
     QString FechaNula = QStringLiteral("1899-12-30 00:00:00");
     // While set, company statements go to this alias.

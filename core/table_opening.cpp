@@ -1,5 +1,6 @@
 #include "core/table_opening.h"
 
+#include "core/ini_configuration.h"
 #include "core/ini_file.h"
 #include "core/sql_text.h"
 
@@ -9,7 +10,6 @@ namespace co {
 namespace {
 
 const QString kGeneral = QStringLiteral("DatabaseGeneral");
-const QString kSeccionReconstruccion = QStringLiteral("Reconstrucción Automática de Tablas");
 
 bool faltaTabla(const QString &fallo, bool soloTableDoesNotExist) {
     if (fallo.contains(QStringLiteral("Table does not exist")))

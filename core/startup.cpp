@@ -1,0 +1,136 @@
+#include "core/startup.h"
+
+#include "core/rights.h"
+#include "core/users.h"
+
+#include <QDir>
+
+namespace co {
+namespace {
+
+const QString kGeneral = QStringLiteral("DatabaseGeneral");
+
+} // namespace
+
+Aplicacion::Aplicacion(OpcionesArranque opciones, MessagePort *port) : opciones_(std::move(opciones)), port_(port) {}
+
+Aplicacion::~Aplicacion() {
+    creador_.reset();
+    datos_.reset();
+    sesion_.reset();
+}
+
+bool Aplicacion::Iniciar() {
+    Messenger aviso(port_);
+    const QString archivoInstalacion =
+        QDir(opciones_.carpetaInstalacion).filePath(QLatin1String(kArchivoInstalacion));
+    if (!LeerInstalacion(opciones_.carpetaInstalacion, &instalacion_)) {
+        const QString texto = QStringLiteral("No ha sido posible leer los parámetros del archivo ") + archivoInstalacion +
+                              QStringLiteral(". ");
+        if (opciones_.instalacionObligatoria) {
+            aviso.MensajeA(texto);
+            return false;
+        }
+        aviso.MensajeA(texto + QStringLiteral("Se utilizarán los parámetros por defecto."));
+    }
+    QString motivo;
+    if (!backendFromName(instalacion_.TipoBaseDatos, &motivo)) {
+        aviso.MensajeA(QStringLiteral("¡Imposible iniciar la aplicación!. Motivo: ") + motivo);
+        return false;
+    }
+    sesion_ = std::make_unique<TfGENEINIC>(instalacion_, port_);
+    TfGENEINIC &s = *sesion_;
+    s.ArchivoINI = RutaArchivoINI(opciones_.carpetaAplicacion, opciones_.linea.ParametroINI);
+    if (!LeerConfiguracionINI(s.ArchivoINI, s.TipoBaseDatos, configuracion_, &motivo))
+        s.mensajes().MensajeA(motivo);
+
+    instancia_ = std::make_unique<co::NumeroInstancia>(instalacion_.PathBaseDatosGeneral);
+    if (instancia_->numero() == 0) {
+        s.mensajes().MensajeA(
+            QStringLiteral("Se ha producido un conflicto con otro usuario (o aplicación). Inténtelo de nuevo."));
+        return false;
+    }
+    if (!s.Conectar(&motivo)) {
+        s.mensajes().MensajeA(QStringLiteral("¡Imposible iniciar la aplicación!. Motivo: ") + motivo);
+        return false;
+    }
+    datos_ = std::make_unique<TModuloDatos>(s);
+    creador_ = std::make_unique<CreadorTablas>(*datos_, opciones_.carpetaDatos);
+    datos_->setTableCreator(creador_.get());
+    return prepararTablasIniciales();
+}
+
+bool Aplicacion::prepararTablasIniciales() {
+    TfGENEINIC &s = *sesion_;
+    // The user-defined fields: without them no table can be made right.
+    const QString campos = datos_->EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM CAMPOUSR"), kGeneral);
+    if (campos.startsWith(QStringLiteral("Error.")))
+        return false;
+    // The companies, with the first one made with the table.
+    if (datos_->EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM EMPRESA"), kGeneral).startsWith(QStringLiteral("Error.")))
+        return false;
+    const QString usuarios = datos_->EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM USUARIO"), kGeneral);
+    if (usuarios.startsWith(QStringLiteral("Error.")))
+        return false;
+    if (usuarios == u"0") {
+        QString motivo;
+        const QString codigo = instalacion_.CodigoPrimerUsuario;
+        if (!CrearPrimerUsuario(*datos_, codigo, &motivo)) {
+            s.mensajes().MensajeA(QStringLiteral("¡Imposible dar de alta el usuario!"));
+            return false;
+        }
+        // The first user may enter the companies the installation starts with.
+        const QString empresas = datos_->EjecutarSQL(QStringLiteral("SELECT Codigo FROM EMPRESA ORDER BY Codigo"), kGeneral);
+        if (!empresas.isEmpty() && !empresas.startsWith(QStringLiteral("Error.")))
+            GuardarValorUsuario(*datos_, codigo, QStringLiteral("Empresas"), empresas);
+    }
+    return true;
+}
+
+bool Aplicacion::Identificar() {
+    OpcionesIdentificacion o;
+    o.AutenticacionWindows = configuracion_.AutenticacionWindows;
+    o.ParametroUsuario = opciones_.linea.ParametroUsuario;
+    o.UsuarioSistema = NombreUsuarioSistema();
+    QString codigo;
+    if (!IdentificarUsuario(*datos_, codigo, o, &usuario_))
+        return false;
+    sesion_->CodigoUsuario = codigo;
+    return UsuarioAccedePrograma(*datos_, codigo, NombrePrograma());
+}
+
+int Aplicacion::EmpresaInicial() {
+    QString empresas;
+    ValorUsuario(*datos_, sesion_->CodigoUsuario, QStringLiteral("Empresas"), empresas, QString());
+    bool ok = false;
+    const int codigo = empresas.section(u'\r', 0, 0).section(u'\n', 0, 0).trimmed().toInt(&ok);
+    return ok ? codigo : 0;
+}
+
+bool Aplicacion::SeleccionarEmpresa(int codigo) {
+    TfGENEINIC &s = *sesion_;
+    if (!UsuarioAccedeEmpresa(*datos_, s.CodigoUsuario, codigo)) {
+        s.CodigoEmpresa = 0;
+        return false;
+    }
+    Consulta empresa;
+    empresa.DatabaseName = kGeneral;
+    empresa.SQL = QStringLiteral("SELECT Nombre, Abreviatura, Logotipo FROM EMPRESA WHERE Codigo = %1")
+                      .arg(datos_->FormatoLiteralSQL(codigo));
+    if (datos_->AbrirConsulta(empresa, QStringLiteral("Silencio")) && empresa.RecordCount() > 0) {
+        s.NombreEmpresa = empresa.Text(0, QStringLiteral("Nombre"));
+        Abreviatura = empresa.Text(0, QStringLiteral("Abreviatura"));
+        const QString logo = empresa.Text(0, QStringLiteral("Logotipo"));
+        if (!logo.isEmpty())
+            ArchivoLogotipo = logo;
+    }
+    QString motivo;
+    if (!s.ConectarEmpresa(codigo, &motivo)) {
+        s.mensajes().MensajeA(QStringLiteral("¡Imposible iniciar la aplicación!. Motivo: ") + motivo);
+        s.CodigoEmpresa = 0;
+        return false;
+    }
+    return true;
+}
+
+} // namespace co

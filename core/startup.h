@@ -1,0 +1,70 @@
+#pragma once
+// The start of a session, shared by the desktop program and the command line:
+// installation parameters, INI file, instance number, connections, the tables
+// every start needs, the first user, login and the choice of company.
+// Each refusal is told through the message port in the system's words.
+
+#include "core/command_line.h"
+#include "core/database.h"
+#include "core/ini_configuration.h"
+#include "core/instance_number.h"
+#include "core/login.h"
+#include "core/session.h"
+#include "core/table_creation.h"
+
+#include <QString>
+#include <memory>
+
+namespace co {
+
+struct OpcionesArranque {
+    QString carpetaInstalacion;  // where INSTALACION is
+    QString carpetaAplicacion;   // where the INI file is looked for
+    QString carpetaDatos;        // DATABASE.TXT and the other data files
+    LineaComandos linea;
+    // The command line refuses a folder without INSTALACION; the desktop takes
+    // the defaults after its message.
+    bool instalacionObligatoria = false;
+};
+
+class Aplicacion {
+public:
+    Aplicacion(OpcionesArranque opciones, MessagePort *port);
+    ~Aplicacion();
+
+    // Everything up to the login. False when the start cannot go on.
+    bool Iniciar();
+    // `IdentificarUsuario` and the access to the program. `preguntar` false is the
+    // command line's: the code is given and a password only asked when there is one.
+    bool Identificar();
+    // The user's first company, 0 when none.
+    int EmpresaInicial();
+    // `SeleccionarEmpresa`: rights, the company's record, the connection.
+    bool SeleccionarEmpresa(int codigo);
+
+    TfGENEINIC &sesion() { return *sesion_; }
+    TModuloDatos &datos() { return *datos_; }
+    CreadorTablas &creador() { return *creador_; }
+    const ConfiguracionINI &configuracion() const { return configuracion_; }
+    const SesionUsuario &usuario() const { return usuario_; }
+    int NumeroInstancia() const { return instancia_ ? instancia_->numero() : 0; }
+    QString Abreviatura;
+    QString ArchivoLogotipo = QStringLiteral("LOGO.BMP");
+
+    static QString NombrePrograma() { return QStringLiteral("Control de Obras"); }
+
+private:
+    bool prepararTablasIniciales();
+
+    OpcionesArranque opciones_;
+    MessagePort *port_;
+    InstallationSettings instalacion_;
+    ConfiguracionINI configuracion_;
+    SesionUsuario usuario_;
+    std::unique_ptr<TfGENEINIC> sesion_;
+    std::unique_ptr<TModuloDatos> datos_;
+    std::unique_ptr<CreadorTablas> creador_;
+    std::unique_ptr<co::NumeroInstancia> instancia_;
+};
+
+} // namespace co
