@@ -5,6 +5,7 @@
 #include "core/sql_text.h"
 #include "core/translation_text.h"
 
+#include <QScopeGuard>
 #include <QSet>
 
 namespace co {
@@ -105,8 +106,11 @@ QString Translator::TraducirTexto(const QString &texto, const QString &idioma) {
     if (!clave.contains(u'='))
         if (const std::optional<QString> hit = cache_.find(cacheKey(clave, lengua)))
             return *hit == clave ? texto : *hit;
-    if (!generalConectada())
+    // A message raised inside a lookup comes back here through the message port.
+    if (busy_ || !generalConectada())
         return texto;
+    busy_ = true;
+    const auto idle = qScopeGuard([this] { busy_ = false; });
     std::optional<QString> traduccion = BuscarTraduccion(clave, lengua);
     if (!traduccion)
         traduccion = BuscarTraduccionAproximada(clave, lengua);

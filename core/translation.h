@@ -44,7 +44,8 @@ public:
     // The text in the language, or the text itself. Texts left alone: empty ones,
     // names of report controls and labels ("QR...", "LB..."), one character once
     // "&" is removed, and all texts while the general data can't be reached or
-    // there is no language. Tries the exact key, the key with variable parts,
+    // there is no language, and texts asked for while a lookup is under way (a
+    // message shown by the lookup itself). Tries the exact key, the key with variable parts,
     // and then word by word, leaving `$Nombre$` parameters untranslated.
     QString TraducirTexto(const QString &texto, const QString &idioma = {});
 
@@ -79,6 +80,7 @@ private:
     QString idioma_;
     QString intercalacion_;
     TranslationCache cache_;
+    bool busy_ = false;
 };
 
 } // namespace co

@@ -178,6 +178,33 @@ TEST_P(Translation, FailedLookupsAreNoTranslationAndShowNothing) {
     EXPECT_TRUE(messages_.shown().isEmpty());
 }
 
+// Tells a failure through the session's messages, as table creation does.
+class NoisyCreator : public TableCreator {
+public:
+    explicit NoisyCreator(TfGENEINIC &sesion) : sesion_(sesion) {}
+    QString CrearTabla(const QString &, const QString &) override {
+        sesion_.mensajes().MensajeA(QStringLiteral("¡ La tabla no existe !"));
+        return QStringLiteral("no");
+    }
+
+private:
+    TfGENEINIC &sesion_;
+};
+
+TEST_P(Translation, MessagesRaisedByALookupAreNotLookedUpAgain) {
+    NoisyCreator creator(*sesion_);
+    datos_->setTableCreator(&creator);
+    Translator t(*datos_, kIngles);
+    t.TraducirMensajes(sesion_->mensajes());
+    EXPECT_EQ(t.TraducirTexto(QStringLiteral("Información")), QStringLiteral("Información"));
+    // Each failed lookup told its failure once, untranslated.
+    ASSERT_FALSE(messages_.shown().isEmpty());
+    for (const Message &m : messages_.shown()) {
+        EXPECT_EQ(m.text, QStringLiteral("¡ La tabla no existe !"));
+        EXPECT_EQ(m.title, QStringLiteral("Advertencia"));
+    }
+}
+
 TEST_P(Translation, TheCollationIsAddedWithAccentsCounting) {
     add(QStringLiteral("Maestro de Obras"), QStringLiteral("Works Master"));
     if (backend() == Backend::PostgreSQL) {
