@@ -6,8 +6,30 @@
 
 namespace co {
 
+QString TituloMensaje(QChar kind) {
+    switch (kind.unicode()) {
+    case u'I':
+        return QStringLiteral("Información");
+    case u'A':
+        return QStringLiteral("Advertencia");
+    case u'E':
+        return QStringLiteral("Error");
+    case u'C':
+        return QStringLiteral("Confirmar");
+    case u'P':
+        return QStringLiteral("Pregunta");
+    default:
+        return {};
+    }
+}
+
 QString ScriptedMessages::show(QChar kind, const QString &text, const QString &value) {
-    shown_.append({kind, text});
+    return showTitled(kind, TituloMensaje(kind), text, value);
+}
+
+QString ScriptedMessages::showTitled(QChar kind, const QString &title, const QString &text,
+                                     const QString &value) {
+    shown_.append({kind, text, title});
     if (kind != u'C' && kind != u'P')
         return {};
     if (answers_.empty())
@@ -43,7 +65,16 @@ QString Messenger::MostrarMensaje(QChar kind, const QString &rawText, const QStr
         accumulated_ += text + QStringLiteral("\r\n");
         return {};
     }
-    QString reply = port_ ? port_->show(kind, text, value) : QString();
+    QString reply;
+    if (port_) {
+        QString title = TituloMensaje(kind);
+        QString shownText = text;
+        if (translate_) {
+            title = translate_(title);
+            shownText = translate_(text);
+        }
+        reply = port_->showTitled(kind, title, shownText, value);
+    }
     if (kind == u'C' && reply != QStringLiteral("SI"))
         reply = QStringLiteral("NO");
     if (kind == u'P' && reply.isNull())

@@ -16,7 +16,12 @@ namespace co {
 struct Message {
     QChar kind;
     QString text;
+    QString title;
 };
+
+// The title a kind of message is shown under: "Información", "Advertencia",
+// "Error", "Confirmar" or "Pregunta"; empty for a plain dialog.
+QString TituloMensaje(QChar kind);
 
 class MessagePort {
 public:
@@ -24,6 +29,13 @@ public:
     // Shows one message. For "C" returns "SI" or "NO"; for "P" returns the text typed,
     // or `value` unchanged on cancel; otherwise returns empty.
     virtual QString show(QChar kind, const QString &text, const QString &value) = 0;
+    // The same with the title to show, already translated; ports that draw a
+    // title override this one.
+    virtual QString showTitled(QChar kind, const QString &title, const QString &text,
+                               const QString &value) {
+        (void)title;
+        return show(kind, text, value);
+    }
 };
 
 // Records every message; answers "C" and "P" from a queue set by the caller
@@ -31,6 +43,8 @@ public:
 class ScriptedMessages : public MessagePort {
 public:
     QString show(QChar kind, const QString &text, const QString &value) override;
+    QString showTitled(QChar kind, const QString &title, const QString &text,
+                       const QString &value) override;
 
     void answer(const QString &reply) { answers_.push_back(reply); }
     const QList<Message> &shown() const { return shown_; }
@@ -65,6 +79,11 @@ public:
     // Called after an "E" message was shown; the desktop quits the application.
     void setTerminator(std::function<void()> terminate) { terminate_ = std::move(terminate); }
 
+    // Translates the title and text of each message as it reaches the port.
+    void setTranslator(std::function<QString(const QString &)> translate) {
+        translate_ = std::move(translate);
+    }
+
     // Texts starting "TRADUCIR:" have their engine phrases put into Spanish first.
     QString MostrarMensaje(QChar kind, const QString &text, const QString &value = {});
     void MensajeI(const QString &text) { MostrarMensaje(u'I', text); }
@@ -82,6 +101,7 @@ private:
     bool accumulate_ = false;
     QString accumulated_;
     std::function<void()> terminate_;
+    std::function<QString(const QString &)> translate_;
 };
 
 } // namespace co

@@ -41,5 +41,24 @@ TEST(Messenger, AccumulatedModeBuffersAndNeverTerminates) {
     EXPECT_TRUE(terminated);
 }
 
+TEST(Messenger, TitleAndTextAreTranslatedWhenShownOnly) {
+    ScriptedMessages port;
+    Messenger m(&port);
+    m.MensajeI(QStringLiteral("uno"));
+    m.setTranslator([](const QString &t) { return QStringLiteral("<%1>").arg(t); });
+    m.MensajeE(QStringLiteral("TRADUCIR: At beginning of table"));
+    port.answer(QStringLiteral("SI"));
+    EXPECT_EQ(m.MensajeC(QStringLiteral("¿Seguro?")), QStringLiteral("SI"));
+    m.setAccumulate(true);
+    m.MensajeA(QStringLiteral("tres"));
+    EXPECT_EQ(m.takeAccumulated(), QStringLiteral("tres\r\n"));
+    ASSERT_EQ(port.shown().size(), 3);
+    EXPECT_EQ(port.shown()[0].title, QStringLiteral("Información"));
+    EXPECT_EQ(port.shown()[0].text, QStringLiteral("uno"));
+    EXPECT_EQ(port.shown()[1].title, QStringLiteral("<Error>"));
+    EXPECT_EQ(port.shown()[1].text, QStringLiteral("<Al principio de la tabla.>"));
+    EXPECT_EQ(port.shown()[2].title, QStringLiteral("<Confirmar>"));
+}
+
 } // namespace
 } // namespace co
