@@ -4,6 +4,7 @@
 //   control-obras-cli sql --dir DIR [U=CODE | --usuario CODE] [--empresa N] [--conexion WORD]
 //                         [--opciones WORDS] "STATEMENT"      (or --archivo FILE, one per line)
 //   control-obras-cli programas --dir DIR [U=CODE | --usuario CODE] [--empresa N]
+//   control-obras-cli diccionario --dir DIR [--idioma Ingles] [--archivo FILE]
 //
 // Commands after init log in as the desktop program does; the password comes
 // from CONTROL_OBRAS_CLAVE or is asked on the terminal. Without a user the
@@ -11,6 +12,7 @@
 
 #include "cli_messages.h"
 #include "core/data_folder.h"
+#include "core/dictionary_loader.h"
 #include "core/main_menu.h"
 #include "core/rights.h"
 #include "core/startup.h"
@@ -34,6 +36,7 @@ struct Arguments {
     QString tipo;
     QString servidor;
     QString usuario;
+    QString idioma = QStringLiteral("Ingles");
     int empresa = -1; // -1: the user's first company
     QStringList positional;
 };
@@ -50,7 +53,8 @@ int usage() {
                       "  control-obras-cli sql --dir CARPETA [U=USUARIO | --usuario USUARIO] [--empresa N] "
                       "[--conexion PALABRA] [--opciones PALABRAS] \"SENTENCIA\"\n"
                       "  control-obras-cli sql --dir CARPETA [...] --archivo ARCHIVO\n"
-                      "  control-obras-cli programas --dir CARPETA [U=USUARIO | --usuario USUARIO] [--empresa N]\n"));
+                      "  control-obras-cli programas --dir CARPETA [U=USUARIO | --usuario USUARIO] [--empresa N]\n"
+                      "  control-obras-cli diccionario --dir CARPETA [--idioma Ingles] [--archivo ARCHIVO]\n"));
     return 2;
 }
 
@@ -61,7 +65,8 @@ std::optional<Arguments> parse(const QStringList &args) {
     a.command = args[1];
     static const QStringList withValue = {QStringLiteral("--dir"),     QStringLiteral("--conexion"), QStringLiteral("--opciones"),
                                           QStringLiteral("--archivo"), QStringLiteral("--tipo"),     QStringLiteral("--servidor"),
-                                          QStringLiteral("--empresa"), QStringLiteral("--usuario")};
+                                          QStringLiteral("--empresa"), QStringLiteral("--usuario"),
+                                          QStringLiteral("--idioma")};
     for (int i = 2; i < args.size(); ++i) {
         const QString &arg = args[i];
         if (arg.size() > 2 && arg.left(2).toUpper() == u"U=") {
@@ -89,6 +94,8 @@ std::optional<Arguments> parse(const QStringList &args) {
             a.servidor = value;
         else if (arg == u"--usuario")
             a.usuario = value;
+        else if (arg == u"--idioma")
+            a.idioma = value;
         else {
             bool ok = false;
             a.empresa = value.toInt(&ok);
@@ -215,6 +222,24 @@ int programas(const Arguments &a) {
     return 0;
 }
 
+// Loads a dictionary into the general database, so that T=<language> shows a
+// translated program. Without --archivo the one shipped for the language.
+int diccionario(const Arguments &a) {
+    co::cli::CliMessages port;
+    co::Aplicacion app(opcionesDe(a), &port);
+    if (!app.Iniciar())
+        return 1;
+    const QString archivo = a.archivo.isEmpty()
+                                ? QDir(co::CarpetaDatosAplicacion()).filePath(QStringLiteral("IDIOMA_%1.txt").arg(a.idioma))
+                                : a.archivo;
+    QString motivo;
+    if (!co::CargarDiccionario(app.datos(), a.idioma, archivo, &motivo)) {
+        print(stderr, motivo + u'\n');
+        return 1;
+    }
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -228,5 +253,7 @@ int main(int argc, char **argv) {
         return sql(*args);
     if (args->command == u"programas")
         return programas(*args);
+    if (args->command == u"diccionario")
+        return diccionario(*args);
     return usage();
 }

@@ -15,6 +15,7 @@ const QString kGeneral = QStringLiteral("DatabaseGeneral");
 Aplicacion::Aplicacion(OpcionesArranque opciones, MessagePort *port) : opciones_(std::move(opciones)), port_(port) {}
 
 Aplicacion::~Aplicacion() {
+    traductor_.reset();
     creador_.reset();
     datos_.reset();
     sesion_.reset();
@@ -57,6 +58,15 @@ bool Aplicacion::Iniciar() {
     datos_ = std::make_unique<TModuloDatos>(s);
     creador_ = std::make_unique<CreadorTablas>(*datos_, opciones_.carpetaDatos);
     datos_->setTableCreator(creador_.get());
+    if (!opciones_.linea.ParametroIdioma.isEmpty()) {
+        const QString intercalacion = datos_->EjecutarSQL(
+            QStringLiteral("SELECT TOP 1 collation_name FROM information_schema.columns WHERE table_name = 'TXIDIOMA'"),
+            kGeneral, QStringLiteral("Silenciosa"));
+        traductor_ = std::make_unique<Translator>(
+            *datos_, opciones_.linea.ParametroIdioma,
+            intercalacion.startsWith(QStringLiteral("Error.")) ? QString() : intercalacion);
+        traductor_->TraducirMensajes(s.mensajes());
+    }
     return prepararTablasIniciales();
 }
 

@@ -11,6 +11,7 @@
 #include "core/login.h"
 #include "core/session.h"
 #include "core/table_creation.h"
+#include "core/translation.h"
 
 #include <QString>
 #include <memory>
@@ -45,6 +46,8 @@ public:
     TfGENEINIC &sesion() { return *sesion_; }
     TModuloDatos &datos() { return *datos_; }
     CreadorTablas &creador() { return *creador_; }
+    // The session's translator; nullptr without a language (`T=`).
+    Translator *traductor() { return traductor_.get(); }
     const ConfiguracionINI &configuracion() const { return configuracion_; }
     const SesionUsuario &usuario() const { return usuario_; }
     int NumeroInstancia() const { return instancia_ ? instancia_->numero() : 0; }
@@ -64,6 +67,7 @@ private:
     std::unique_ptr<TfGENEINIC> sesion_;
     std::unique_ptr<TModuloDatos> datos_;
     std::unique_ptr<CreadorTablas> creador_;
+    std::unique_ptr<Translator> traductor_;
     std::unique_ptr<co::NumeroInstancia> instancia_;
 };
 

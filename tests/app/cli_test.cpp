@@ -103,3 +103,64 @@ TEST(CommandLineUsage, UnsupportedBackEndIsNamed) {
 
 } // namespace
 } // namespace co
+
+namespace co {
+namespace {
+
+class CommandLineLogin : public CommandLine {};
+
+TEST_P(CommandLineLogin, UsersLogInAndOnlyAdministratorsRunStatements) {
+    // A user of the "Normal" category with a password, who may enter company 1.
+    ASSERT_EQ(sql({QStringLiteral("--conexion"), QStringLiteral("DatabaseGeneral"),
+                   QStringLiteral("INSERT INTO USUARIO (Codigo, Nombre, Categoria, ClaveAcceso, Empresas) "
+                                  "VALUES ('EVA', 'Eva', 'Normal', 'secreta', '1')")})
+                  .status,
+              0);
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    auto asEva = [&](const QString &password, const QStringList &more) {
+        QProcess p;
+        env.insert(QStringLiteral("CONTROL_OBRAS_CLAVE"), password);
+        p.setProcessEnvironment(env);
+        p.start(QStringLiteral(CO_CLI_PATH), QStringList{more.first(), QStringLiteral("--dir"), dir_.path(),
+                                                         QStringLiteral("U=EVA")} + more.mid(1));
+        p.waitForFinished(120000);
+        return CliRun{p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()), QString::fromUtf8(p.readAllStandardError())};
+    };
+    const CliRun wrong = asEva(QStringLiteral("mala"), {QStringLiteral("programas")});
+    EXPECT_EQ(wrong.status, 1);
+    EXPECT_TRUE(wrong.err.contains(QStringLiteral("¡La Clave de Acceso es incorrecta!"))) << wrong.err.toStdString();
+    const CliRun tour = asEva(QStringLiteral("secreta"), {QStringLiteral("programas")});
+    EXPECT_EQ(tour.status, 0) << tour.err.toStdString();
+    EXPECT_TRUE(tour.out.contains(QStringLiteral("Maestros | Maestro de Obras | Total"))) << tour.out.toStdString();
+    const CliRun refused = asEva(QStringLiteral("secreta"), {QStringLiteral("sql"), QStringLiteral("SELECT 1")});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_TRUE(refused.out.isEmpty());
+    // The clear password was replaced by its hash at the good login.
+    EXPECT_TRUE(sql({QStringLiteral("--conexion"), QStringLiteral("DatabaseGeneral"),
+                     QStringLiteral("SELECT ClaveAcceso FROM USUARIO WHERE Codigo = 'EVA'")})
+                    .out.startsWith(QStringLiteral("$argon2id$")));
+}
+
+TEST_P(CommandLineLogin, CompaniesOutsideTheUsersListAreRefused) {
+    const CliRun r = sql({QStringLiteral("--empresa"), QStringLiteral("7"), QStringLiteral("SELECT 1")});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.err.contains(QStringLiteral("¡Ud. no tiene acceso a esta empresa!"))) << r.err.toStdString();
+}
+
+TEST_P(CommandLineLogin, DictionaryLoadsOnce) {
+    EXPECT_EQ(cli({QStringLiteral("diccionario"), QStringLiteral("--dir"), dir_.path()}).status, 0);
+    EXPECT_EQ(cli({QStringLiteral("diccionario"), QStringLiteral("--dir"), dir_.path()}).status, 0);
+    const QString n = sql({QStringLiteral("--conexion"), QStringLiteral("DatabaseGeneral"),
+                           QStringLiteral("SELECT COUNT(*) FROM TXIDIOMA WHERE ClaveTexto = 'Maestro de Obras'")})
+                          .out;
+    EXPECT_EQ(n, QStringLiteral("1"));
+    const CliRun missing = cli({QStringLiteral("diccionario"), QStringLiteral("--dir"), dir_.path(), QStringLiteral("--idioma"),
+                                QStringLiteral("Klingon")});
+    EXPECT_EQ(missing.status, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Backends, CommandLineLogin, ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
+                         test::backendName);
+
+} // namespace
+} // namespace co
