@@ -1,0 +1,117 @@
+// The main window offscreen: the whole menu, rights by caption, the switches of
+// the report entries, and a session started against a real installation.
+#include "ui/desktop_session.h"
+#include "ui/main_window.h"
+
+#include "support/layer_fixture.h"
+
+#include <QAction>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QLabel>
+#include <gtest/gtest.h>
+
+namespace co::ui {
+namespace {
+
+struct MainWindowFixture : ::testing::Test {
+    ScriptedMessages port;
+    Messenger mensajes{&port};
+    QStringList forbidden;
+    TfOBRAMENU window{mensajes, [this](const QString &p) { return !forbidden.contains(p); }};
+};
+
+TEST_F(MainWindowFixture, WholeMenuWithCaptions) {
+    int entries = 0;
+    for (const EntradaMenu &e : EntradasMenuPrincipal()) {
+        QAction *a = window.accion(e.componente);
+        ASSERT_NE(a, nullptr) << e.componente.toStdString();
+        EXPECT_EQ(a->text(), e.caption);
+        ++entries;
+    }
+    EXPECT_EQ(entries, 45);
+    QStringList tops;
+    for (QAction *a : window.menuBar()->actions())
+        tops << a->text();
+    EXPECT_EQ(tops, GruposMenuPrincipal());
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Control de Obras"));
+    window.MostrarEmpresa(QStringLiteral("DEMO"));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Control de Obras: DEMO"));
+}
+
+TEST_F(MainWindowFixture, ProgramsOpenByRightsAndSayWhenMissing) {
+    window.RegistrarPantalla(QStringLiteral("fOBRAUNID"), [](QWidget *) {
+        auto *w = new QLabel(QStringLiteral("Unidades"));
+        w->setWindowTitle(QStringLiteral("Maestro de Unidades"));
+        return w;
+    });
+    forbidden << QStringLiteral("Maestro de Unidades");
+    window.accion(QStringLiteral("MaestrodeUnidades1"))->trigger();
+    EXPECT_TRUE(window.mdi()->subWindowList().isEmpty());
+    forbidden.clear();
+    window.accion(QStringLiteral("MaestrodeUnidades1"))->trigger();
+    ASSERT_EQ(window.mdi()->subWindowList().size(), 1);
+    EXPECT_EQ(window.mdi()->subWindowList().first()->objectName(), QStringLiteral("fOBRAUNID"));
+    window.accion(QStringLiteral("MaestrodeUnidades1"))->trigger();
+    EXPECT_EQ(window.mdi()->subWindowList().size(), 1);
+    // A screen this build does not have: told, nothing opens, nothing breaks.
+    window.accion(QStringLiteral("HistoricodeFacturas1"))->trigger();
+    EXPECT_EQ(port.texts().last(), MenuPrincipal::TextoNoDisponible(QStringLiteral("Historico de Facturas")));
+    EXPECT_EQ(window.mdi()->subWindowList().size(), 1);
+}
+
+TEST_F(MainWindowFixture, ReportEntriesFollowTheWorksParameters) {
+    window.ConfigurarPartes(false, true);
+    EXPECT_FALSE(window.accion(QStringLiteral("IntroduccindePartesConjuntos1"))->isVisible());
+    EXPECT_TRUE(window.accion(QStringLiteral("IntroduccindePartesdeTrabajo1"))->isVisible());
+    window.ConfigurarPartes(true, false);
+    EXPECT_TRUE(window.accion(QStringLiteral("IntroduccindePartesConjuntos1"))->isEnabled());
+    EXPECT_FALSE(window.accion(QStringLiteral("IntroduccindePartesdeMquina1"))->isEnabled());
+}
+
+class DesktopStart : public ::testing::TestWithParam<Backend> {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir_.isValid());
+        settings_ = test::freshInstallation(GetParam(), dir_.path());
+        ASSERT_TRUE(EscribirInstalacion(dir_.path(), settings_));
+        ASSERT_EQ(QProcess::execute(QStringLiteral(CO_CLI_PATH), {QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()}), 0);
+    }
+    void TearDown() override { test::dropInstallation(settings_); }
+    OpcionesArranque opciones(const QString &usuario) {
+        OpcionesArranque o;
+        o.carpetaInstalacion = o.carpetaAplicacion = dir_.path();
+        o.carpetaDatos = QStringLiteral(CO_SOURCE_DIR "/data");
+        o.linea.ParametroUsuario = usuario;
+        return o;
+    }
+    QTemporaryDir dir_;
+    InstallationSettings settings_;
+    ScriptedMessages port_;
+};
+
+TEST_P(DesktopStart, FirstUserLogsInToTheFirstCompany) {
+    DesktopSession session(opciones(QStringLiteral("ADMIN")), &port_);
+    ASSERT_TRUE(session.Arrancar()) << port_.texts().join(u'\n').toStdString();
+    EXPECT_TRUE(session.ventana()->windowTitle().startsWith(QStringLiteral("Control de Obras: ")));
+    EXPECT_EQ(session.aplicacion().sesion().CodigoEmpresa, 1);
+    // A change to the same company does nothing; to one the user may not enter is refused.
+    EXPECT_TRUE(session.CambiarEmpresa(1));
+    EXPECT_FALSE(session.CambiarEmpresa(9));
+    EXPECT_EQ(session.aplicacion().sesion().CodigoEmpresa, 1);
+    EXPECT_EQ(port_.texts().last(), QStringLiteral("¡Ud. no tiene acceso a esta empresa!"));
+}
+
+TEST_P(DesktopStart, UnknownUserEndsTheStart) {
+    DesktopSession session(opciones(QStringLiteral("NADIE")), &port_);
+    EXPECT_FALSE(session.Arrancar());
+    EXPECT_TRUE(port_.texts().contains(QStringLiteral("¡El usuario no está definido!"))) << port_.texts().join(u'\n').toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Backends, DesktopStart, ::testing::Values(Backend::SQLite, Backend::PostgreSQL), test::backendName);
+
+} // namespace
+} // namespace co::ui

@@ -1,0 +1,122 @@
+#include "ui/desktop_session.h"
+
+#include "core/rights.h"
+#include "core/users.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QEvent>
+#include <QInputDialog>
+
+namespace co::ui {
+
+DesktopSession::DesktopSession(OpcionesArranque opciones, MessagePort *port)
+    : port_(port ? port : &dialogs_), aplicacion_(std::make_unique<Aplicacion>(std::move(opciones), port_)) {}
+
+DesktopSession::~DesktopSession() {
+    if (qApp)
+        qApp->removeEventFilter(this);
+    ventana_.reset();
+}
+
+bool DesktopSession::Arrancar() {
+    if (!aplicacion_->Iniciar())
+        return false;
+    TModuloDatos &datos = aplicacion_->datos();
+    Messenger &mensajes = aplicacion_->sesion().mensajes();
+    ventana_ = std::make_unique<TfOBRAMENU>(mensajes, [this, &datos](const QString &programa) {
+        return UsuarioAccedePrograma(datos, aplicacion_->sesion().CodigoUsuario, programa);
+    });
+    dialogs_.setParent(ventana_.get());
+    ventana_->setCambioEmpresa([this] {
+        const QString filas = aplicacion_->datos().EjecutarSQL(
+            QStringLiteral("SELECT Codigo, Nombre FROM EMPRESA ORDER BY Codigo"), QStringLiteral("DatabaseGeneral"));
+        bool ok = false;
+        const QString elegida = QInputDialog::getItem(ventana_.get(), QStringLiteral("Empresas"), QStringLiteral("Empresa:"),
+                                                      filas.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts), 0, false, &ok);
+        if (ok)
+            CambiarEmpresa(elegida.section(u'|', 0, 0).toInt());
+    });
+    ventana_->showMaximized();
+    if (!aplicacion_->Identificar())
+        return false;
+    const int empresa = aplicacion_->EmpresaInicial();
+    if (empresa == 0 || !aplicacion_->SeleccionarEmpresa(empresa)) {
+        mensajes.MensajeA(QStringLiteral("¡Ud.no tiene acceso a ninguna empresa!"));
+        return false;
+    }
+    ventana_->MostrarEmpresa(aplicacion_->Abreviatura);
+    aplicarParametrosObra();
+    QString activos;
+    ValorUsuario(datos, aplicacion_->sesion().CodigoUsuario, QStringLiteral("ProgramasActivos"), activos, QString());
+    ventana_->menu().PrimeraActivacion(ListaValorUsuario(activos));
+
+    const QString minutos = aplicacion_->configuracion().TiempoForzarTerminacionAplicacion;
+    if (!minutos.trimmed().isEmpty()) {
+        instanteActividad_ = QDateTime::currentSecsSinceEpoch();
+        qApp->installEventFilter(this);
+        connect(&inactividad_, &QTimer::timeout, this, [this] { comprobarInactividad(); });
+        inactividad_.start(15000);
+    }
+    return true;
+}
+
+void DesktopSession::aplicarParametrosObra() {
+    const QString r = aplicacion_->datos().EjecutarSQL(QStringLiteral("SELECT MultiPartes, PartesSeparados FROM PARAOBRA"),
+                                                       {}, QStringLiteral("Silenciosa"));
+    // Without a parameters row both families of reports are offered.
+    const bool multi = r.section(u'|', 0, 0) != u"NO";
+    const bool separados = r.section(u'|', 1, 1) != u"NO";
+    ventana_->ConfigurarPartes(multi, separados);
+}
+
+bool DesktopSession::CambiarEmpresa(int codigo) {
+    TfGENEINIC &sesion = aplicacion_->sesion();
+    const int anterior = sesion.CodigoEmpresa;
+    if (codigo == anterior)
+        return true;
+    if (!UsuarioAccedeEmpresa(aplicacion_->datos(), sesion.CodigoUsuario, codigo)) {
+        sesion.mensajes().MensajeA(QStringLiteral("¡Ud. no tiene acceso a esta empresa!"));
+        return false;
+    }
+    QStringList nombres;
+    for (const AnfitrionVentanas::Ventana &v : ventana_->ventanas())
+        nombres << v.nombre;
+    for (const QString &n : MenuPrincipal::VentanasQueCierraCambioEmpresa(nombres))
+        ventana_->cerrar(n);
+    if (!aplicacion_->SeleccionarEmpresa(codigo)) {
+        sesion.mensajes().MensajeA(QStringLiteral("¡Ud. no tiene acceso a esta empresa!"));
+        aplicacion_->SeleccionarEmpresa(anterior);
+        return false;
+    }
+    ventana_->MostrarEmpresa(aplicacion_->Abreviatura);
+    aplicarParametrosObra();
+    QString activos;
+    ValorUsuario(aplicacion_->datos(), sesion.CodigoUsuario, QStringLiteral("ProgramasActivos"), activos, QString());
+    ventana_->menu().PrimeraActivacion(ListaValorUsuario(activos));
+    return true;
+}
+
+bool DesktopSession::eventFilter(QObject *watched, QEvent *event) {
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseMove:
+        instanteActividad_ = QDateTime::currentSecsSinceEpoch();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void DesktopSession::comprobarInactividad() {
+    bool ok = false;
+    const qint64 limite = aplicacion_->configuracion().TiempoForzarTerminacionAplicacion.trimmed().toLongLong(&ok) * 60;
+    if (ok && QDateTime::currentSecsSinceEpoch() - instanteActividad_ > limite) {
+        inactividad_.stop();
+        qApp->quit();
+    }
+}
+
+} // namespace co::ui

@@ -1,0 +1,44 @@
+#pragma once
+// The desktop program's session: start, main window, login, company, the
+// change of company, automatic programs and the idle limit. What the start
+// shows goes through the typed message window.
+
+#include "core/startup.h"
+#include "ui/main_window.h"
+#include "ui/message_dialog.h"
+
+#include <QObject>
+#include <QTimer>
+#include <memory>
+
+namespace co::ui {
+
+class DesktopSession : public QObject {
+public:
+    DesktopSession(OpcionesArranque opciones, MessagePort *port = nullptr);
+    ~DesktopSession() override;
+
+    // Start, login and company; false when the program must end.
+    bool Arrancar();
+    TfOBRAMENU *ventana() const { return ventana_.get(); }
+    Aplicacion &aplicacion() { return *aplicacion_; }
+
+    // `CambioEmpresa1Click` with the company already picked.
+    bool CambiarEmpresa(int codigo);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void aplicarParametrosObra();
+    void comprobarInactividad();
+
+    DialogMessages dialogs_;
+    MessagePort *port_;
+    std::unique_ptr<Aplicacion> aplicacion_;
+    std::unique_ptr<TfOBRAMENU> ventana_;
+    QTimer inactividad_;
+    qint64 instanteActividad_ = 0;
+};
+
+} // namespace co::ui
