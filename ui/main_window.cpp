@@ -8,6 +8,8 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QScreen>
+#include <QGuiApplication>
 
 namespace co::ui {
 
@@ -20,6 +22,9 @@ TfOBRAMENU::TfOBRAMENU(Messenger &mensajes, MenuPrincipal::Derechos derechos, Me
     setWindowTitle(NombrePrograma());
     mdi_->setObjectName(QStringLiteral("AreaMDI"));
     setCentralWidget(mdi_);
+    // At the screen's origin, the whole working area, with or without a window manager.
+    if (QScreen *pantalla = QGuiApplication::primaryScreen())
+        setGeometry(pantalla->availableGeometry());
     construirMenu();
     connect(mdi_, &QMdiArea::subWindowActivated, this, [this] { actualizarAyuda(); });
 }
