@@ -1,5 +1,6 @@
 #include "core/database.h"
 
+#include "core/materialised_query.h"
 #include "core/sql_dialect.h"
 #include "core/statement_trace.h"
 
@@ -238,6 +239,11 @@ bool TModuloDatos::openQuery(Consulta &consulta, const QString &opciones, Canal 
             return fallo(failureText(sesion_.backend(), query.lastError()));
     }
     consulta.setResult(std::move(columns), std::move(rows), query.numRowsAffected());
+    if (open && TieneOpcion(opciones, QStringLiteral("Temporal"))) {
+        QString motivo;
+        if (!MaterializarConsultaTemporal(*this, consulta, &motivo))
+            return fallo(motivo);
+    }
     return true;
 }
 

@@ -15,6 +15,7 @@ const QString kGeneral = QStringLiteral("DatabaseGeneral");
 Aplicacion::Aplicacion(OpcionesArranque opciones, MessagePort *port) : opciones_(std::move(opciones)), port_(port) {}
 
 Aplicacion::~Aplicacion() {
+    temporales_.reset();
     traductor_.reset();
     creador_.reset();
     datos_.reset();
@@ -51,6 +52,7 @@ bool Aplicacion::Iniciar() {
             QStringLiteral("Se ha producido un conflicto con otro usuario (o aplicación). Inténtelo de nuevo."));
         return false;
     }
+    LimpiarArchivosTemporales(opciones_.carpetaAplicacion, QDir::tempPath(), instancia_->carpetaPrivada());
     if (!s.Conectar(&motivo)) {
         s.mensajes().MensajeA(QStringLiteral("¡Imposible iniciar la aplicación!. Motivo: ") + motivo);
         return false;
@@ -106,7 +108,12 @@ bool Aplicacion::Identificar() {
     if (!IdentificarUsuario(*datos_, codigo, o, &usuario_))
         return false;
     sesion_->CodigoUsuario = codigo;
-    return UsuarioAccedePrograma(*datos_, codigo, NombrePrograma());
+    if (!UsuarioAccedePrograma(*datos_, codigo, NombrePrograma()))
+        return false;
+    // Leftover temporary tables of this user, unless another run of theirs is alive.
+    temporales_ = std::make_unique<TemporaryTablesClaim>(*sesion_);
+    LimpiarTablasTemporales(*datos_, *temporales_);
+    return true;
 }
 
 int Aplicacion::EmpresaInicial() {

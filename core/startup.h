@@ -11,6 +11,7 @@
 #include "core/login.h"
 #include "core/session.h"
 #include "core/table_creation.h"
+#include "core/temporary_cleanup.h"
 #include "core/translation.h"
 
 #include <QString>
@@ -68,6 +69,7 @@ private:
     std::unique_ptr<TModuloDatos> datos_;
     std::unique_ptr<CreadorTablas> creador_;
     std::unique_ptr<Translator> traductor_;
+    std::unique_ptr<TemporaryTablesClaim> temporales_;
     std::unique_ptr<co::NumeroInstancia> instancia_;
 };
 

@@ -1,0 +1,56 @@
+// A query opened with "Temporal" is stored in a temporary table of the general
+// data and read back from it, on both back-ends.
+#include "core/table_creation.h"
+
+#include "support/layer_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace co {
+namespace {
+
+using test::LayerTest;
+
+class QueryTemporal : public LayerTest {
+protected:
+    void SetUp() override {
+        LayerTest::SetUp();
+        creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
+        datos_->setTableCreator(creador_.get());
+        sesion_->CodigoUsuario = QStringLiteral("ANA");
+        ok(QStringLiteral("INSERT INTO OBRA (Codigo, Descripcion, GastosIndirectos) VALUES ('1', 'Nave', '2.5')"));
+        ok(QStringLiteral("INSERT INTO OBRA (Codigo, Descripcion, GastosIndirectos) VALUES ('2', 'Puente', '4')"));
+    }
+    std::unique_ptr<CreadorTablas> creador_;
+};
+
+TEST_P(QueryTemporal, RowsComeBackFromTheTemporaryTable) {
+    Consulta q;
+    q.SQL = QStringLiteral("SELECT Codigo, Descripcion, GastosIndirectos FROM OBRA ORDER BY Codigo");
+    ASSERT_TRUE(datos_->AbrirConsulta(q, QStringLiteral("Open,Temporal"))) << messages_.texts().join(u'\n').toStdString();
+    EXPECT_TRUE(q.SQL.startsWith(QStringLiteral("SELECT * FROM ") + settings_.AliasBaseDatosGeneral + QStringLiteral(".dbo.")))
+        << q.SQL.toStdString();
+    ASSERT_EQ(q.RecordCount(), 2);
+    EXPECT_EQ(q.Text(1, QStringLiteral("Descripcion")), QStringLiteral("Puente"));
+    EXPECT_EQ(q.Text(0, QStringLiteral("GastosIndirectos")), QStringLiteral("2,5"));
+    // The table is there for later statements of the company connection.
+    const QString tabla = q.SQL.section(u' ', 3, 3);
+    EXPECT_EQ(ok(QStringLiteral("SELECT COUNT(*) FROM ") + tabla), QStringLiteral("2"));
+    // Opened again, the same table is made anew.
+    Consulta again;
+    again.SQL = QStringLiteral("SELECT Codigo FROM OBRA WHERE Codigo = 2");
+    ASSERT_TRUE(datos_->AbrirConsulta(again, QStringLiteral("Open,Temporal")));
+    EXPECT_EQ(again.RecordCount(), 1);
+}
+
+TEST_P(QueryTemporal, FailuresAreToldUnlessSilenced) {
+    Consulta q;
+    q.SQL = QStringLiteral("SELECT Nada FROM OBRA");
+    EXPECT_FALSE(datos_->AbrirConsulta(q, QStringLiteral("Open,Temporal,Silencio")));
+    EXPECT_TRUE(messages_.shown().isEmpty());
+}
+
+CO_ON_BOTH_BACKENDS(QueryTemporal);
+
+} // namespace
+} // namespace co
