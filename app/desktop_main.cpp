@@ -5,12 +5,15 @@
 
 #include "core/command_line.h"
 #include "core/data_folder.h"
+#include "ui/application.h"
 #include "ui/desktop_session.h"
 
 #include <QApplication>
 
+using co::Messenger;
+
 int main(int argc, char **argv) {
-    QApplication app(argc, argv);
+    co::ui::ControlObrasApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Control de Obras"));
     QApplication::setApplicationVersion(QStringLiteral(CO_VERSION));
     co::OpcionesArranque opciones;
@@ -22,5 +25,9 @@ int main(int argc, char **argv) {
     co::ui::DesktopSession session(opciones);
     if (!session.Arrancar())
         return 0;
+    Messenger &mensajes = session.aplicacion().sesion().mensajes();
+    // An "E" message ends the application, as the failure handler expects.
+    mensajes.setTerminator([] { QApplication::exit(1); });
+    app.setMessenger(&mensajes);
     return QApplication::exec();
 }

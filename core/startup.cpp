@@ -1,5 +1,6 @@
 #include "core/startup.h"
 
+#include "core/currency_table.h"
 #include "core/rights.h"
 #include "core/users.h"
 
@@ -147,6 +148,7 @@ bool Aplicacion::SeleccionarEmpresa(int codigo) {
         s.CodigoEmpresa = 0;
         return false;
     }
+    monedas_ = LeerValoresMoneda(*datos_);
     return true;
 }
 

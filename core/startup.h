@@ -5,6 +5,7 @@
 // Each refusal is told through the message port in the system's words.
 
 #include "core/command_line.h"
+#include "core/currency.h"
 #include "core/database.h"
 #include "core/ini_configuration.h"
 #include "core/instance_number.h"
@@ -51,6 +52,8 @@ public:
     Translator *traductor() { return traductor_.get(); }
     const ConfiguracionINI &configuracion() const { return configuracion_; }
     const SesionUsuario &usuario() const { return usuario_; }
+    // The currency values of the selected company.
+    const CurrencyValues &monedas() const { return monedas_; }
     int NumeroInstancia() const { return instancia_ ? instancia_->numero() : 0; }
     QString Abreviatura;
     QString ArchivoLogotipo = QStringLiteral("LOGO.BMP");
@@ -65,6 +68,7 @@ private:
     InstallationSettings instalacion_;
     ConfiguracionINI configuracion_;
     SesionUsuario usuario_;
+    CurrencyValues monedas_;
     std::unique_ptr<TfGENEINIC> sesion_;
     std::unique_ptr<TModuloDatos> datos_;
     std::unique_ptr<CreadorTablas> creador_;

@@ -3,6 +3,7 @@
 #include "core/rights.h"
 #include "core/users.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDateTime>
 #include <QEvent>
@@ -28,6 +29,10 @@ bool DesktopSession::Arrancar() {
         return UsuarioAccedePrograma(datos, aplicacion_->sesion().CodigoUsuario, programa);
     });
     dialogs_.setParent(ventana_.get());
+    if (Translator *traductor = aplicacion_->traductor())
+        for (QAction *a : ventana_->findChildren<QAction *>())
+            if (!a->text().isEmpty())
+                a->setText(traductor->TraducirTexto(a->text()));
     ventana_->setCambioEmpresa([this] {
         const QString filas = aplicacion_->datos().EjecutarSQL(
             QStringLiteral("SELECT Codigo, Nombre FROM EMPRESA ORDER BY Codigo"), QStringLiteral("DatabaseGeneral"));

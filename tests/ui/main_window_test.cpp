@@ -115,3 +115,22 @@ INSTANTIATE_TEST_SUITE_P(Backends, DesktopStart, ::testing::Values(Backend::SQLi
 
 } // namespace
 } // namespace co::ui
+
+namespace co::ui {
+namespace {
+
+TEST_P(DesktopStart, LanguageOfTheCommandLineTranslatesTheMenu) {
+    ASSERT_EQ(QProcess::execute(QStringLiteral(CO_CLI_PATH), {QStringLiteral("diccionario"), QStringLiteral("--dir"), dir_.path()}), 0);
+    OpcionesArranque o = opciones(QStringLiteral("ADMIN"));
+    o.linea.ParametroIdioma = QStringLiteral("Ingles");
+    DesktopSession session(o, &port_);
+    ASSERT_TRUE(session.Arrancar());
+    EXPECT_EQ(session.ventana()->accion(QStringLiteral("MaestrodeObras1"))->text(), QStringLiteral("Works Master"));
+    // Without a language nothing is translated.
+    DesktopSession spanish(opciones(QStringLiteral("ADMIN")), &port_);
+    ASSERT_TRUE(spanish.Arrancar());
+    EXPECT_EQ(spanish.ventana()->accion(QStringLiteral("MaestrodeObras1"))->text(), QStringLiteral("Maestro de Obras"));
+}
+
+} // namespace
+} // namespace co::ui

@@ -1,10 +1,11 @@
 // GUI tests run offscreen with a real QApplication.
-#include <QApplication>
+#include "ui/application.h"
+
 #include <gtest/gtest.h>
 
 int main(int argc, char **argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
+    co::ui::ControlObrasApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
