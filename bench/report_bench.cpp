@@ -75,14 +75,15 @@ ReportDesign design() {
     return d;
 }
 
-// Marks the time the first page arrives, then passes pages on.
+// Passes pages on and marks the time the first one has been written.
 class Timed : public PageSink {
 public:
     Timed(PageSink *next, QElapsedTimer &clock) : next_(next), clock_(clock) {}
     bool addPage(ReportPage &&page, QString *motivo) override {
+        const bool ok = next_ ? next_->addPage(std::move(page), motivo) : true;
         if (firstMs_ < 0)
             firstMs_ = clock_.nsecsElapsed() / 1e6;
-        return next_ ? next_->addPage(std::move(page), motivo) : true;
+        return ok;
     }
     bool finish(QString *motivo) override { return next_ ? next_->finish(motivo) : true; }
     double firstMs() const { return firstMs_; }
