@@ -7,13 +7,14 @@ namespace co::bench {
 void RatioReporter::ReportRuns(const std::vector<Run> &runs) {
     for (const Run &run : runs)
         if (run.run_type == Run::RT_Iteration || run.aggregate_name == "median")
-            times_[run.run_name.function_name + (run.run_name.args.empty() ? "" : "/" + run.run_name.args)] =
+            times_[run.run_name.function_name +
+                   (run.run_name.args.empty() ? "" : "/" + run.run_name.args)] =
                 run.GetAdjustedRealTime();
     ConsoleReporter::ReportRuns(runs);
 }
 
-bool RatioReporter::printRatio(const std::string &label, const std::string &measured, const std::string &floor,
-                               double target) const {
+bool RatioReporter::printRatio(const std::string &label, const std::string &measured,
+                               const std::string &floor, double target) const {
     const auto m = times_.find(measured), f = times_.find(floor);
     if (m == times_.end() || f == times_.end() || f->second <= 0) {
         std::printf("%-48s missing (%s or %s)\n", label.c_str(), measured.c_str(), floor.c_str());

@@ -4,14 +4,14 @@
 #include "core/session.h"
 #include "ratio_reporter.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QSqlQuery>
 #include <QSqlRecord>
-#include <map>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <cstdlib>
+#include <map>
 #include <memory>
 
 namespace {
@@ -19,8 +19,10 @@ namespace {
 using co::Backend;
 
 constexpr int kRows = 10000;
-const QString kAll = QStringLiteral("SELECT Codigo, Nombre, Importe, Fecha, Situacion FROM BENCHOBR ORDER BY Codigo");
-const QString kOne = QStringLiteral("SELECT Codigo, Nombre, Importe, Fecha, Situacion FROM BENCHOBR WHERE Codigo = '4321'");
+const QString kAll = QStringLiteral(
+    "SELECT Codigo, Nombre, Importe, Fecha, Situacion FROM BENCHOBR ORDER BY Codigo");
+const QString kOne = QStringLiteral(
+    "SELECT Codigo, Nombre, Importe, Fecha, Situacion FROM BENCHOBR WHERE Codigo = '4321'");
 
 struct Installation {
     QTemporaryDir dir;
@@ -56,17 +58,21 @@ Installation *installation(Backend backend) {
     }
     inst->datos = std::make_unique<co::TModuloDatos>(*inst->sesion);
     co::TModuloDatos &d = *inst->datos;
-    d.EjecutarSQL(QStringLiteral("DROP TABLE IF EXISTS BENCHOBR"), {}, QStringLiteral("Silenciosa"));
-    d.EjecutarSQL(QStringLiteral("CREATE TABLE BENCHOBR (Codigo INTEGER NOT NULL PRIMARY KEY, Nombre VARCHAR(40), "
-                                 "Importe DOUBLE PRECISION, Fecha TIMESTAMP, Situacion VARCHAR(10))"));
+    d.EjecutarSQL(QStringLiteral("DROP TABLE IF EXISTS BENCHOBR"), {},
+                  QStringLiteral("Silenciosa"));
+    d.EjecutarSQL(QStringLiteral(
+        "CREATE TABLE BENCHOBR (Codigo INTEGER NOT NULL PRIMARY KEY, Nombre VARCHAR(40), "
+        "Importe DOUBLE PRECISION, Fecha TIMESTAMP, Situacion VARCHAR(10))"));
     inst->sesion->IniciarTransaccion();
     for (int i = 1; i <= kRows; ++i)
-        d.EjecutarSQL(QStringLiteral("INSERT INTO BENCHOBR VALUES ('%1', 'Obra número %1', '%2', '2026-%3-%4 00:00:00', "
-                                     "'Abierta')")
-                          .arg(i)
-                          .arg(i * 1.25)
-                          .arg(1 + i % 12, 2, 10, QLatin1Char('0'))
-                          .arg(1 + i % 28, 2, 10, QLatin1Char('0')));
+        d.EjecutarSQL(
+            QStringLiteral(
+                "INSERT INTO BENCHOBR VALUES ('%1', 'Obra número %1', '%2', '2026-%3-%4 00:00:00', "
+                "'Abierta')")
+                .arg(i)
+                .arg(i * 1.25)
+                .arg(1 + i % 12, 2, 10, QLatin1Char('0'))
+                .arg(1 + i % 28, 2, 10, QLatin1Char('0')));
     inst->sesion->FinalizarTransaccion();
     inst->raw = *inst->sesion->conexion(QStringLiteral("Database"), co::Canal::Principal, &motivo);
     slot = std::move(inst);
@@ -104,37 +110,86 @@ void raw(benchmark::State &state, Backend backend, const QString &sql) {
     }
 }
 
-void BM_EjecutarSQL_10000_SQLite(benchmark::State &s) { layer(s, Backend::SQLite, kAll); }
-void BM_Raw_10000_SQLite(benchmark::State &s) { raw(s, Backend::SQLite, kAll); }
-void BM_EjecutarSQL_1_SQLite(benchmark::State &s) { layer(s, Backend::SQLite, kOne); }
-void BM_Raw_1_SQLite(benchmark::State &s) { raw(s, Backend::SQLite, kOne); }
-void BM_EjecutarSQL_10000_PostgreSQL(benchmark::State &s) { layer(s, Backend::PostgreSQL, kAll); }
-void BM_Raw_10000_PostgreSQL(benchmark::State &s) { raw(s, Backend::PostgreSQL, kAll); }
-void BM_EjecutarSQL_1_PostgreSQL(benchmark::State &s) { layer(s, Backend::PostgreSQL, kOne); }
-void BM_Raw_1_PostgreSQL(benchmark::State &s) { raw(s, Backend::PostgreSQL, kOne); }
+void BM_EjecutarSQL_10000_SQLite(benchmark::State &s) {
+    layer(s, Backend::SQLite, kAll);
+}
+void BM_Raw_10000_SQLite(benchmark::State &s) {
+    raw(s, Backend::SQLite, kAll);
+}
+void BM_EjecutarSQL_1_SQLite(benchmark::State &s) {
+    layer(s, Backend::SQLite, kOne);
+}
+void BM_Raw_1_SQLite(benchmark::State &s) {
+    raw(s, Backend::SQLite, kOne);
+}
+void BM_EjecutarSQL_10000_PostgreSQL(benchmark::State &s) {
+    layer(s, Backend::PostgreSQL, kAll);
+}
+void BM_Raw_10000_PostgreSQL(benchmark::State &s) {
+    raw(s, Backend::PostgreSQL, kAll);
+}
+void BM_EjecutarSQL_1_PostgreSQL(benchmark::State &s) {
+    layer(s, Backend::PostgreSQL, kOne);
+}
+void BM_Raw_1_PostgreSQL(benchmark::State &s) {
+    raw(s, Backend::PostgreSQL, kOne);
+}
 
 // Floors and measured cases interleave so that drift of the machine hits both.
-BENCHMARK(BM_Raw_10000_SQLite)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly(true);
-BENCHMARK(BM_EjecutarSQL_10000_SQLite)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly(true);
-BENCHMARK(BM_Raw_1_SQLite)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly(true);
-BENCHMARK(BM_EjecutarSQL_1_SQLite)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly(true);
-BENCHMARK(BM_Raw_10000_PostgreSQL)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly(true);
-BENCHMARK(BM_EjecutarSQL_10000_PostgreSQL)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly(true);
-BENCHMARK(BM_Raw_1_PostgreSQL)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly(true);
-BENCHMARK(BM_EjecutarSQL_1_PostgreSQL)->Unit(benchmark::kMicrosecond)->Repetitions(5)->ReportAggregatesOnly(true);
+BENCHMARK(BM_Raw_10000_SQLite)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
+BENCHMARK(BM_EjecutarSQL_10000_SQLite)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
+BENCHMARK(BM_Raw_1_SQLite)
+    ->Unit(benchmark::kMicrosecond)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
+BENCHMARK(BM_EjecutarSQL_1_SQLite)
+    ->Unit(benchmark::kMicrosecond)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
+BENCHMARK(BM_Raw_10000_PostgreSQL)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
+BENCHMARK(BM_EjecutarSQL_10000_PostgreSQL)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
+BENCHMARK(BM_Raw_1_PostgreSQL)
+    ->Unit(benchmark::kMicrosecond)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
+BENCHMARK(BM_EjecutarSQL_1_PostgreSQL)
+    ->Unit(benchmark::kMicrosecond)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
 
 } // namespace
 
 int main(int argc, char **argv) {
-    QCoreApplication app(argc, argv);
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv); // the report benchmark draws PDF pages
     benchmark::Initialize(&argc, argv);
     co::bench::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     std::printf("\nStatement layer against a raw QSqlQuery of the same statement (median of 5):\n");
-    reporter.printRatio("EjecutarSQL, 10,000 rows, SQLite", "BM_EjecutarSQL_10000_SQLite", "BM_Raw_10000_SQLite", 1.5);
-    reporter.printRatio("EjecutarSQL, single row, SQLite", "BM_EjecutarSQL_1_SQLite", "BM_Raw_1_SQLite", 2.0);
-    reporter.printRatio("EjecutarSQL, 10,000 rows, PostgreSQL", "BM_EjecutarSQL_10000_PostgreSQL", "BM_Raw_10000_PostgreSQL", 1.5);
-    reporter.printRatio("EjecutarSQL, single row, PostgreSQL", "BM_EjecutarSQL_1_PostgreSQL", "BM_Raw_1_PostgreSQL", 2.0);
+    reporter.printRatio("EjecutarSQL, 10,000 rows, SQLite", "BM_EjecutarSQL_10000_SQLite",
+                        "BM_Raw_10000_SQLite", 1.5);
+    reporter.printRatio("EjecutarSQL, single row, SQLite", "BM_EjecutarSQL_1_SQLite",
+                        "BM_Raw_1_SQLite", 2.0);
+    reporter.printRatio("EjecutarSQL, 10,000 rows, PostgreSQL", "BM_EjecutarSQL_10000_PostgreSQL",
+                        "BM_Raw_10000_PostgreSQL", 1.5);
+    reporter.printRatio("EjecutarSQL, single row, PostgreSQL", "BM_EjecutarSQL_1_PostgreSQL",
+                        "BM_Raw_1_PostgreSQL", 2.0);
+    std::printf("\nReport to PDF against composing the same rows without output:\n");
+    reporter.printRatio("Report to PDF, 100,000 rows", "BM_ReportToPdf/100000",
+                        "BM_ReportCompose/100000", 20.0);
     installations.clear();
     benchmark::Shutdown();
     return 0;

@@ -1,0 +1,131 @@
+// A long listing to PDF: time to the first page, time per 1,000 rows and peak
+// memory at 10,000 and 100,000 rows, against composing the same rows into a
+// sink that drops the pages (the floor: the engine without the PDF).
+#include "output/pdf_writer.h"
+#include "output/report_composer.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+#include <cstdio>
+
+namespace {
+
+using namespace co;
+
+// Peak resident memory of the process in kB, reset by resetPeak().
+long peakKb() {
+    QFile f(QStringLiteral("/proc/self/status"));
+    if (!f.open(QIODevice::ReadOnly))
+        return -1;
+    for (const QByteArray &line : f.readAll().split('\n'))
+        if (line.startsWith("VmHWM:"))
+            return line.mid(6).trimmed().split(' ').value(0).toLong();
+    return -1;
+}
+
+void resetPeak() {
+    QFile f(QStringLiteral("/proc/self/clear_refs"));
+    if (f.open(QIODevice::WriteOnly))
+        f.write("5");
+}
+
+std::unique_ptr<GeneratedDataSource> rows(qint64 count) {
+    return std::make_unique<GeneratedDataSource>(
+        QList<SourceField>{{QStringLiteral("CodigoObra"), ColumnKind::Integer},
+                           {QStringLiteral("Descripcion"), ColumnKind::Text},
+                           {QStringLiteral("Importe"), ColumnKind::Float}},
+        count, [](qint64 i, QVariantList &v) {
+            v[0] = static_cast<int>(i / 50);
+            v[1] = QStringLiteral("Parte de trabajo número %1").arg(i);
+            v[2] = (i % 997) * 1.25;
+        });
+}
+
+ReportDesign design() {
+    ReportDesign d;
+    d.PageHeader = Banda(QStringLiteral("PageHeader"), BandType::PageHeader, 40);
+    ReportControl t = Control(QStringLiteral("TituloListado"), ControlKind::Label, 0, 0, 700, 20);
+    t.Caption = QStringLiteral("Listado de Partes");
+    d.PageHeader->add(t);
+    ReportGroup g;
+    g.Expression = QStringLiteral("Temporal.CodigoObra");
+    g.Header = Banda(QStringLiteral("BandaCabecera"), BandType::BandaCabecera, 18);
+    ReportControl obra = Control(QStringLiteral("CodigoObra"), ControlKind::Field, 0, 1, 80);
+    obra.DataField = QStringLiteral("CodigoObra");
+    g.Header.add(obra);
+    g.Footer = Banda(QStringLiteral("BandaPie"), BandType::BandaPie, 18);
+    ReportControl suma = Control(QStringLiteral("Suma"), ControlKind::Sum, 600, 1, 100);
+    suma.DataField = QStringLiteral("SUM(Importe)");
+    suma.Tag = kTagMoneda;
+    g.Footer->add(suma);
+    d.Groups << g;
+    ReportControl desc = Control(QStringLiteral("Descripcion"), ControlKind::Field, 20, 0, 400);
+    desc.DataField = QStringLiteral("Descripcion");
+    d.BandaDetalle.add(desc);
+    ReportControl imp = Control(QStringLiteral("Importe"), ControlKind::Field, 600, 0, 100);
+    imp.DataField = QStringLiteral("Importe");
+    imp.Alignment = Alineacion::Derecha;
+    d.BandaDetalle.add(imp);
+    d.PageFooter = Banda(QStringLiteral("PageFooter"), BandType::PageFooter, 20);
+    ReportControl n = Control(QStringLiteral("Pagina"), ControlKind::PageNumber, 600, 2, 100);
+    n.Caption = QStringLiteral("Página ");
+    d.PageFooter->add(n);
+    return d;
+}
+
+// Passes pages on and marks the time the first one has been written.
+class Timed : public PageSink {
+public:
+    Timed(PageSink *next, QElapsedTimer &clock) : next_(next), clock_(clock) {}
+    bool addPage(ReportPage &&page, QString *motivo) override {
+        const bool ok = next_ ? next_->addPage(std::move(page), motivo) : true;
+        if (firstMs_ < 0)
+            firstMs_ = clock_.nsecsElapsed() / 1e6;
+        return ok;
+    }
+    bool finish(QString *motivo) override { return next_ ? next_->finish(motivo) : true; }
+    double firstMs() const { return firstMs_; }
+
+private:
+    PageSink *next_;
+    QElapsedTimer &clock_;
+    double firstMs_ = -1;
+};
+
+void run(benchmark::State &state, bool pdf) {
+    const qint64 count = state.range(0);
+    QTemporaryDir dir;
+    double first = 0;
+    long peak = 0;
+    for (auto _ : state) {
+        resetPeak();
+        PdfPageSink file(dir.path() + QStringLiteral("/bench.pdf"), QStringLiteral("A4"));
+        QElapsedTimer clock;
+        clock.start();
+        Timed sink(pdf ? &file : nullptr, clock);
+        auto source = rows(count);
+        QString motivo;
+        if (ComponerReport(design(), *source, sink, ComposeContext{}, &motivo) !=
+            ResultadoComposicion::Completo)
+            state.SkipWithError(motivo.toUtf8().constData());
+        first = sink.firstMs();
+        peak = peakKb();
+    }
+    state.counters["first_page_ms"] = first;
+    state.counters["peak_rss_MB"] = peak / 1024.0;
+    state.counters["rows"] = static_cast<double>(count);
+}
+
+void BM_ReportToPdf(benchmark::State &s) {
+    run(s, true);
+}
+void BM_ReportCompose(benchmark::State &s) {
+    run(s, false);
+}
+
+BENCHMARK(BM_ReportCompose)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->Iterations(1);
+BENCHMARK(BM_ReportToPdf)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+} // namespace
