@@ -32,12 +32,12 @@ bool isKeyword(const QString &w) {
     return u == u"AND" || u == u"OR";
 }
 
-// A quote closes a text when what follows is ")", the end, or AND/OR.
+// A quote closes a text when what follows is ")", an operator, the end, or AND/OR.
 bool closesText(const QString &s, qsizetype at) {
     qsizetype i = at + 1;
     while (i < s.size() && s[i].isSpace())
         ++i;
-    if (i >= s.size() || s[i] == u')')
+    if (i >= s.size() || s[i] == u')' || s[i] == u'<' || s[i] == u'>' || s[i] == u'=')
         return true;
     if (i == at + 1)
         return false;

@@ -12,7 +12,8 @@
 // accept "," or "." as decimal sign, dates are "d/m/y[ h:m[:s]]" as typed in
 // the session's format, hour fields "h:m[:s]". A text ending in "*" compared with
 // "=" or "<>" is a start-of-text wildcard. Values are taken as typed: a quote
-// inside a value is part of it unless it is followed by ")", the end, or AND/OR.
+// inside a value is part of it unless it is followed by ")", an operator, the
+// end, or AND/OR.
 // A null text field compares as an empty text; a null number or date matches
 // only "<>" and "IS NULL".
 //
