@@ -40,7 +40,7 @@ TEST_P(TableNavigation, OpensByReadingOnePageOnly) {
     obras(1, 95);
     auto t = abrir(QStringLiteral("PRUOBRA"), 10);
     const int opened = t->StatementsRun();
-    EXPECT_LE(opened, 3) << "probe, catalog-free reads and the first page";
+    EXPECT_LE(opened, 3) << "the column probe and the first page";
     t->MoveBy(9);
     EXPECT_EQ(t->StatementsRun(), opened) << "rows within the first page need no statement";
     t->Next();
