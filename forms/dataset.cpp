@@ -1,0 +1,848 @@
+#include "forms/dataset.h"
+
+#include "core/result_text.h"
+
+namespace co::forms {
+namespace {
+
+const QStringList kEvents = {
+    QStringLiteral("BeforeInsert"), QStringLiteral("AfterInsert"),  QStringLiteral("OnNewRecord"),
+    QStringLiteral("BeforeEdit"),   QStringLiteral("AfterEdit"),    QStringLiteral("BeforePost"),
+    QStringLiteral("AfterPost"),    QStringLiteral("BeforeCancel"), QStringLiteral("AfterCancel"),
+    QStringLiteral("BeforeDelete"), QStringLiteral("AfterDelete"),  QStringLiteral("BeforeScroll"),
+    QStringLiteral("AfterScroll"),  QStringLiteral("OnCalcFields"), QStringLiteral("OnStateChange"),
+    QStringLiteral("OnDataChange"),
+};
+
+// Clears a flag however the scope is left.
+struct FlagGuard {
+    bool &flag;
+    explicit FlagGuard(bool &f) : flag(f) { flag = true; }
+    ~FlagGuard() { flag = false; }
+};
+
+} // namespace
+
+QString NombreEstado(DatasetState state) {
+    switch (state) {
+    case DatasetState::Inactive:
+        return QStringLiteral("dsInactive");
+    case DatasetState::Browse:
+        return QStringLiteral("dsBrowse");
+    case DatasetState::Edit:
+        return QStringLiteral("dsEdit");
+    case DatasetState::Insert:
+        return QStringLiteral("dsInsert");
+    case DatasetState::SetKey:
+        return QStringLiteral("dsSetKey");
+    }
+    return {};
+}
+
+Dataset::Dataset(QString name) : Component(ComponentKind::Dataset, std::move(name)) {}
+Dataset::~Dataset() = default;
+
+const QStringList &Dataset::EventNames() {
+    return kEvents;
+}
+
+bool Dataset::SetHandler(const QString &event, DatasetEvent handler) {
+    if (!kEvents.contains(event) || event == u"OnDataChange")
+        return false;
+    handlers_.insert(event, std::move(handler));
+    return true;
+}
+
+bool Dataset::HasHandler(const QString &event) const {
+    if (event == u"OnDataChange")
+        return bool(onDataChange_);
+    const auto it = handlers_.constFind(event);
+    return it != handlers_.cend() && bool(*it);
+}
+
+void Dataset::fire(const QString &event) {
+    const auto it = handlers_.constFind(event);
+    if (it != handlers_.cend() && *it) {
+        const DatasetEvent handler = *it; // a handler may replace itself
+        handler(*this);
+    }
+}
+
+void Dataset::fireDataChange(Field *field) {
+    if (onDataChange_) {
+        const DataChangeEvent handler = onDataChange_;
+        handler(*this, field);
+    }
+}
+
+void Dataset::setState(DatasetState state) {
+    if (state_ == state)
+        return;
+    state_ = state;
+    fire(QStringLiteral("OnStateChange"));
+}
+
+void Dataset::checkActive() const {
+    if (!Active())
+        throw EDatabaseError(QStringLiteral("Cannot perform this operation on a closed dataset"));
+}
+
+void Dataset::checkCanModify() const {
+    if (ReadOnly)
+        throw EDatabaseError(QStringLiteral("Cannot modify a read-only dataset"));
+}
+
+void Dataset::checkBrowseMode() {
+    checkActive();
+    if (state_ == DatasetState::Edit || state_ == DatasetState::Insert) {
+        if (modified_)
+            Post();
+        else
+            Cancel();
+    } else if (state_ == DatasetState::SetKey) {
+        setState(DatasetState::Browse);
+    }
+}
+
+// ---- fields --------------------------------------------------------------
+
+Field *Dataset::FindField(const QString &name) const {
+    for (const auto &f : fields_)
+        if (f->FieldName().compare(name, Qt::CaseInsensitive) == 0)
+            return f.get();
+    return nullptr;
+}
+
+Field &Dataset::FieldByName(const QString &name) const {
+    Field *f = FindField(name);
+    if (!f)
+        throw EDatabaseError(QStringLiteral("Field '%1' not found").arg(name));
+    return *f;
+}
+
+int Dataset::fieldIndexOf(const QString &name) const {
+    const Field *f = FindField(name);
+    return f ? f->Index() : -1;
+}
+
+QStringList Dataset::FieldNamesList() const {
+    QStringList out;
+    for (const auto &f : fields_)
+        out << f->FieldName();
+    return out;
+}
+
+Field &Dataset::AddCalculatedField(const QString &name, TipoCampo type, int size) {
+    if (Active())
+        throw EDatabaseError(QStringLiteral("Cannot perform this operation on an open dataset"));
+    calculated_.push_back({name, type, size, false});
+    auto f = std::make_unique<Field>(*this, static_cast<int>(fields_.size()), name, type);
+    f->Calculated = true;
+    f->Size = size;
+    fields_.push_back(std::move(f));
+    return *fields_.back();
+}
+
+QVariant Dataset::fieldValue(int index) const {
+    const auto i = static_cast<qsizetype>(index);
+    if (state_ == DatasetState::SetKey && index < dataFields_)
+        return i < keyBuffer_.size() ? keyBuffer_[i] : QVariant();
+    return i < buffer_.size() ? buffer_[i] : QVariant();
+}
+
+void Dataset::setFieldValue(int index, const QVariant &value) {
+    checkActive();
+    Field &f = FieldByIndex(index);
+    if (f.Calculated) {
+        buffer_[index] = value;
+        return;
+    }
+    if (state_ == DatasetState::SetKey) {
+        keyBuffer_[index] = value;
+        return;
+    }
+    if (state_ != DatasetState::Edit && state_ != DatasetState::Insert)
+        throw EDatabaseError(QStringLiteral("Dataset not in edit or insert mode"));
+    if (f.ReadOnly)
+        throw EDatabaseError(QStringLiteral("Field '%1' cannot be modified").arg(f.FieldName()));
+    buffer_[index] = value;
+    modified_ = true;
+    calcFields();
+    fireDataChange(&f);
+}
+
+void Dataset::calcFields() {
+    if (calculated_.empty() || inCalc_)
+        return;
+    for (int i = dataFields_; i < FieldCount(); ++i)
+        buffer_[i] = QVariant();
+    FlagGuard guard(inCalc_);
+    fire(QStringLiteral("OnCalcFields"));
+}
+
+void Dataset::loadCurrent() {
+    const Row &row = srcRow();
+    buffer_ = row;
+    buffer_.resize(FieldCount());
+    calcFields();
+}
+
+// ---- lifecycle -----------------------------------------------------------
+
+void Dataset::Open() {
+    if (Active())
+        return;
+    const QList<ColumnInfo> columns = srcOpen();
+    bool same = dataFields_ == columns.size();
+    for (int i = 0; same && i < columns.size(); ++i)
+        same =
+            fields_[i]->FieldName() == columns[i].name && fields_[i]->DataType() == columns[i].type;
+    if (!same) {
+        // Columns changed: fields are made anew, calculated ones after them.
+        fields_.clear();
+        for (const ColumnInfo &c : columns) {
+            auto f =
+                std::make_unique<Field>(*this, static_cast<int>(fields_.size()), c.name, c.type);
+            f->Size = c.size;
+            f->Required = c.required;
+            fields_.push_back(std::move(f));
+        }
+        for (const ColumnInfo &c : calculated_) {
+            auto f =
+                std::make_unique<Field>(*this, static_cast<int>(fields_.size()), c.name, c.type);
+            f->Calculated = true;
+            f->Size = c.size;
+            fields_.push_back(std::move(f));
+        }
+        dataFields_ = static_cast<int>(columns.size());
+    }
+    state_ = DatasetState::Browse;
+    modified_ = false;
+    const bool found = firstAccepted();
+    empty_ = !found;
+    if (found)
+        loadCurrent();
+    else
+        buffer_ = QVariantList(FieldCount());
+    bof_ = true;
+    eof_ = empty_;
+    fire(QStringLiteral("OnStateChange"));
+    fireDataChange(nullptr);
+    fire(QStringLiteral("AfterScroll"));
+}
+
+void Dataset::Close() {
+    if (!Active())
+        return;
+    if (state_ == DatasetState::Edit) {
+        try {
+            srcEndEdit(false);
+        } catch (const EDatabaseError &) {
+            // Closing goes on: the lock goes with the connection's transaction.
+        }
+    }
+    srcClose();
+    buffer_.clear();
+    keyBuffer_.clear();
+    original_.clear();
+    modified_ = false;
+    empty_ = bof_ = eof_ = true;
+    setState(DatasetState::Inactive);
+}
+
+void Dataset::Refresh() {
+    checkBrowseMode();
+    const Bookmark here = empty_ ? Bookmark() : srcBookmark();
+    srcInvalidate();
+    bool found = here.IsValid() && srcGoto(here) && accepted(srcRow());
+    if (!found)
+        found = firstAccepted();
+    empty_ = !found;
+    if (found)
+        loadCurrent();
+    else
+        buffer_ = QVariantList(FieldCount());
+    bof_ = eof_ = empty_;
+    fireDataChange(nullptr);
+}
+
+// ---- filter --------------------------------------------------------------
+
+FilterLookup Dataset::lookupFor(const Row *row) const {
+    return [this, row](const QString &name) -> std::optional<FilterOperand> {
+        const Field *f = FindField(name);
+        if (!f)
+            return std::nullopt;
+        QVariant v;
+        if (row && f->Index() < row->size())
+            v = (*row)[f->Index()];
+        return FilterOperand{f->DataType(), v, f->IsHourField()};
+    };
+}
+
+bool Dataset::accepted(const Row &row) const {
+    return !filtered_ || filter_.IsEmpty() || filter_.Evaluate(lookupFor(&row));
+}
+
+void Dataset::SetFilter(const QString &text) {
+    FilterExpression parsed = FilterExpression::Parse(text);
+    if (filtered_ && Active())
+        parsed.Validate(lookupFor(nullptr));
+    filter_ = std::move(parsed);
+    filterText_ = text;
+    if (filtered_ && Active())
+        First();
+}
+
+void Dataset::SetFiltered(bool on) {
+    if (on && Active())
+        filter_.Validate(lookupFor(nullptr));
+    if (filtered_ == on)
+        return;
+    filtered_ = on;
+    if (Active())
+        First();
+}
+
+// ---- navigation ----------------------------------------------------------
+
+bool Dataset::firstAccepted() {
+    if (!srcFirst())
+        return false;
+    while (!accepted(srcRow()))
+        if (!srcNext())
+            return false;
+    return true;
+}
+
+bool Dataset::lastAccepted() {
+    if (!srcLast())
+        return false;
+    while (!accepted(srcRow()))
+        if (!srcPrior())
+            return false;
+    return true;
+}
+
+bool Dataset::nextAccepted() {
+    while (srcNext())
+        if (accepted(srcRow()))
+            return true;
+    return false;
+}
+
+bool Dataset::priorAccepted() {
+    while (srcPrior())
+        if (accepted(srcRow()))
+            return true;
+    return false;
+}
+
+void Dataset::First() {
+    checkBrowseMode();
+    fire(QStringLiteral("BeforeScroll"));
+    const bool found = firstAccepted();
+    empty_ = !found;
+    if (found)
+        loadCurrent();
+    else
+        buffer_ = QVariantList(FieldCount());
+    bof_ = true;
+    eof_ = !found;
+    fireDataChange(nullptr);
+    fire(QStringLiteral("AfterScroll"));
+}
+
+void Dataset::Last() {
+    checkBrowseMode();
+    fire(QStringLiteral("BeforeScroll"));
+    const bool found = lastAccepted();
+    empty_ = !found;
+    if (found)
+        loadCurrent();
+    else
+        buffer_ = QVariantList(FieldCount());
+    eof_ = true;
+    bof_ = !found;
+    fireDataChange(nullptr);
+    fire(QStringLiteral("AfterScroll"));
+}
+
+void Dataset::Next() {
+    MoveBy(1);
+}
+void Dataset::Prior() {
+    MoveBy(-1);
+}
+
+int Dataset::MoveBy(int distance) {
+    checkBrowseMode();
+    if (empty_) {
+        bof_ = eof_ = true;
+        return 0;
+    }
+    fire(QStringLiteral("BeforeScroll"));
+    int moved = 0;
+    const bool forward = distance > 0;
+    while (moved != distance) {
+        const Bookmark here = srcBookmark();
+        const bool ok = forward ? nextAccepted() : priorAccepted();
+        if (!ok) {
+            // Skipped rows may have moved the source: back to the last good one.
+            if (filtered_)
+                srcGoto(here);
+            (forward ? eof_ : bof_) = true;
+            break;
+        }
+        moved += forward ? 1 : -1;
+        bof_ = eof_ = false;
+    }
+    if (moved != 0) {
+        loadCurrent();
+        fireDataChange(nullptr);
+        fire(QStringLiteral("AfterScroll"));
+    }
+    return moved;
+}
+
+qlonglong Dataset::RecordCount() {
+    checkActive();
+    if (!filtered_ || filter_.IsEmpty())
+        return srcCount();
+    const Bookmark here = empty_ ? Bookmark() : srcBookmark();
+    qlonglong n = 0;
+    for (bool ok = firstAccepted(); ok; ok = nextAccepted())
+        ++n;
+    if (here.IsValid())
+        srcGoto(here);
+    return n;
+}
+
+qlonglong Dataset::RecNo() {
+    checkActive();
+    if (empty_ || state_ == DatasetState::Insert)
+        return 0;
+    if (!filtered_ || filter_.IsEmpty())
+        return srcRecNo();
+    const Bookmark here = srcBookmark();
+    qlonglong n = 1;
+    for (bool ok = firstAccepted(); ok && !(srcBookmark() == here); ok = nextAccepted())
+        ++n;
+    srcGoto(here);
+    return n;
+}
+
+// ---- writes --------------------------------------------------------------
+
+void Dataset::Append() {
+    beginInsert(true);
+}
+void Dataset::Insert() {
+    beginInsert(false);
+}
+
+void Dataset::beginInsert(bool append) {
+    checkBrowseMode();
+    checkCanModify();
+    fire(QStringLiteral("BeforeInsert"));
+    fire(QStringLiteral("BeforeScroll"));
+    beforeInsert_ = empty_ ? Bookmark() : srcBookmark();
+    appendMode_ = append;
+    buffer_ = QVariantList(FieldCount());
+    modified_ = false;
+    setState(DatasetState::Insert);
+    try {
+        fire(QStringLiteral("OnNewRecord"));
+    } catch (...) {
+        // A new record that could not be started is dropped.
+        modified_ = false;
+        if (!empty_)
+            loadCurrent();
+        setState(DatasetState::Browse);
+        throw;
+    }
+    modified_ = false;
+    bof_ = eof_ = false;
+    calcFields();
+    fireDataChange(nullptr);
+    fire(QStringLiteral("AfterInsert"));
+    fire(QStringLiteral("AfterScroll"));
+}
+
+void Dataset::Edit() {
+    checkActive();
+    if (state_ == DatasetState::Edit || state_ == DatasetState::Insert)
+        return;
+    if (state_ == DatasetState::SetKey)
+        setState(DatasetState::Browse);
+    if (empty_) {
+        Insert();
+        return;
+    }
+    checkCanModify();
+    fire(QStringLiteral("BeforeEdit"));
+    Row row = srcRow();
+    srcBeginEdit(row);
+    original_ = row;
+    for (int i = 0; i < dataFields_; ++i)
+        buffer_[i] = row[i];
+    calcFields();
+    modified_ = false;
+    setState(DatasetState::Edit);
+    fireDataChange(nullptr);
+    fire(QStringLiteral("AfterEdit"));
+}
+
+void Dataset::Post() {
+    checkActive();
+    if (state_ == DatasetState::SetKey) {
+        setState(DatasetState::Browse);
+        return;
+    }
+    if (state_ != DatasetState::Edit && state_ != DatasetState::Insert)
+        return;
+    fire(QStringLiteral("BeforePost"));
+    for (int i = 0; i < dataFields_; ++i)
+        if (fields_[i]->Required && buffer_[i].isNull())
+            throw EDatabaseError(
+                QStringLiteral("Field '%1' must have a value").arg(fields_[i]->FieldName()));
+    const Row row = buffer_.mid(0, dataFields_);
+    bool positioned;
+    if (state_ == DatasetState::Insert) {
+        positioned = srcInsert(row, appendMode_, beforeInsert_);
+    } else {
+        positioned = srcUpdate(original_, row);
+        srcEndEdit(true);
+    }
+    modified_ = false;
+    empty_ = !positioned;
+    bof_ = eof_ = empty_;
+    if (positioned)
+        loadCurrent();
+    else
+        buffer_ = QVariantList(FieldCount());
+    setState(DatasetState::Browse);
+    fireDataChange(nullptr);
+    fire(QStringLiteral("AfterPost"));
+}
+
+void Dataset::Cancel() {
+    checkActive();
+    if (state_ == DatasetState::SetKey) {
+        setState(DatasetState::Browse);
+        return;
+    }
+    if (state_ != DatasetState::Edit && state_ != DatasetState::Insert)
+        return;
+    fire(QStringLiteral("BeforeCancel"));
+    const bool wasInsert = state_ == DatasetState::Insert;
+    if (!wasInsert)
+        srcEndEdit(false);
+    else if (beforeInsert_.IsValid())
+        srcGoto(beforeInsert_);
+    modified_ = false;
+    if (!empty_)
+        loadCurrent();
+    else
+        buffer_ = QVariantList(FieldCount());
+    setState(DatasetState::Browse);
+    fireDataChange(nullptr);
+    fire(QStringLiteral("AfterCancel"));
+}
+
+void Dataset::Delete() {
+    checkActive();
+    if (state_ == DatasetState::Insert || state_ == DatasetState::SetKey) {
+        Cancel();
+        return;
+    }
+    if (empty_)
+        throw EDatabaseError(QStringLiteral("Cannot perform this operation on an empty dataset"));
+    checkCanModify();
+    fire(QStringLiteral("BeforeDelete"));
+    fire(QStringLiteral("BeforeScroll"));
+    const Row row = state_ == DatasetState::Edit ? original_ : srcRow();
+    bool found = srcDelete(row);
+    if (found && !accepted(srcRow()))
+        found = nextAccepted() || lastAccepted();
+    empty_ = !found;
+    modified_ = false;
+    if (found)
+        loadCurrent();
+    else
+        buffer_ = QVariantList(FieldCount());
+    bof_ = eof_ = empty_;
+    setState(DatasetState::Browse);
+    fireDataChange(nullptr);
+    fire(QStringLiteral("AfterDelete"));
+    fire(QStringLiteral("AfterScroll"));
+}
+
+// ---- index, ranges, keys -------------------------------------------------
+
+void Dataset::SetIndexName(const QString &name) {
+    if (Active())
+        checkBrowseMode();
+    indexName_ = name;
+    indexFieldNames_.clear();
+    rangeStart_.clear();
+    rangeEnd_.clear();
+    rangeChanged();
+}
+
+void Dataset::SetIndexFieldNames(const QString &names) {
+    if (Active())
+        checkBrowseMode();
+    indexFieldNames_ = names;
+    indexName_.clear();
+    rangeStart_.clear();
+    rangeEnd_.clear();
+    rangeChanged();
+}
+
+void Dataset::SetRange(const QVariantList &start, const QVariantList &end) {
+    if (Active())
+        checkBrowseMode();
+    const QStringList index = IndexFields();
+    if (start.size() > index.size() || end.size() > index.size())
+        throw EDatabaseError(QStringLiteral("Too many key fields for the active index"));
+    rangeStart_ = start;
+    rangeEnd_ = end;
+    rangeChanged();
+}
+
+void Dataset::CancelRange() {
+    if (!HasRange())
+        return;
+    if (Active())
+        checkBrowseMode();
+    rangeStart_.clear();
+    rangeEnd_.clear();
+    rangeChanged();
+}
+
+void Dataset::rangeChanged() {
+    if (!Active())
+        return;
+    srcInvalidate();
+    First();
+}
+
+void Dataset::SetKey() {
+    checkBrowseMode();
+    keyBuffer_ = QVariantList(dataFields_);
+    setState(DatasetState::SetKey);
+}
+
+bool Dataset::GotoKey() {
+    checkActive();
+    if (state_ != DatasetState::SetKey)
+        throw EDatabaseError(QStringLiteral("Dataset not in edit or insert mode"));
+    QVariantList values;
+    for (const QString &name : IndexFields()) {
+        const int i = fieldIndexOf(name);
+        if (i < 0 || keyBuffer_[i].isNull())
+            break;
+        values << keyBuffer_[i];
+    }
+    setState(DatasetState::Browse);
+    fire(QStringLiteral("BeforeScroll"));
+    const Bookmark here = empty_ ? Bookmark() : srcBookmark();
+    bool found = !values.isEmpty() && srcSeek(values, false) && accepted(srcRow());
+    if (!found) {
+        if (here.IsValid())
+            srcGoto(here);
+        return false;
+    }
+    empty_ = false;
+    bof_ = eof_ = false;
+    loadCurrent();
+    fireDataChange(nullptr);
+    fire(QStringLiteral("AfterScroll"));
+    return true;
+}
+
+void Dataset::GotoNearest() {
+    checkActive();
+    QVariantList values;
+    if (state_ == DatasetState::SetKey) {
+        for (const QString &name : IndexFields()) {
+            const int i = fieldIndexOf(name);
+            if (i < 0 || keyBuffer_[i].isNull())
+                break;
+            values << keyBuffer_[i];
+        }
+    }
+    setState(DatasetState::Browse);
+    fire(QStringLiteral("BeforeScroll"));
+    bool found = srcSeek(values, true);
+    if (found && !accepted(srcRow()))
+        found = nextAccepted();
+    if (!found)
+        found = lastAccepted();
+    empty_ = !found;
+    bof_ = false;
+    eof_ = empty_;
+    if (found)
+        loadCurrent();
+    fireDataChange(nullptr);
+    fire(QStringLiteral("AfterScroll"));
+}
+
+bool Dataset::FindKey(const QVariantList &values) {
+    SetKey();
+    const QStringList index = IndexFields();
+    try {
+        for (int i = 0; i < values.size() && i < index.size(); ++i)
+            FieldByName(index[i]).SetValue(values[i]);
+    } catch (...) {
+        setState(DatasetState::Browse);
+        throw;
+    }
+    return GotoKey();
+}
+
+void Dataset::FindNearest(const QVariantList &values) {
+    SetKey();
+    const QStringList index = IndexFields();
+    try {
+        for (int i = 0; i < values.size() && i < index.size(); ++i)
+            FieldByName(index[i]).SetValue(values[i]);
+    } catch (...) {
+        setState(DatasetState::Browse);
+        throw;
+    }
+    GotoNearest();
+}
+
+int Dataset::compareTyped(ColumnKind kind, const QVariant &a, const QVariant &b) {
+    if (a.isNull() || b.isNull())
+        return int(!a.isNull()) - int(!b.isNull());
+    switch (kind) {
+    case ColumnKind::Integer:
+    case ColumnKind::Float: {
+        const double x = a.toDouble(), y = b.toDouble();
+        return x < y ? -1 : x > y ? 1 : 0;
+    }
+    case ColumnKind::DateTime: {
+        const QDateTime x = a.toDateTime(), y = b.toDateTime();
+        return x < y ? -1 : x > y ? 1 : 0;
+    }
+    case ColumnKind::Boolean:
+        return int(a.toBool()) - int(b.toBool());
+    default:
+        return QString::compare(a.toString(), b.toString());
+    }
+}
+
+int Dataset::compareIndex(const Row &row, const QVariantList &values) const {
+    const QStringList index = IndexFields();
+    for (int i = 0; i < values.size() && i < index.size(); ++i) {
+        const int f = fieldIndexOf(index[i]);
+        if (f < 0)
+            throw EDatabaseError(QStringLiteral("Field '%1' not found").arg(index[i]));
+        const Field &field = FieldByIndex(f);
+        const int c = compareTyped(field.Kind(), row[f], field.Converted(values[i]));
+        if (c != 0)
+            return c;
+    }
+    return 0;
+}
+
+// ---- search and bookmarks ------------------------------------------------
+
+bool Dataset::Locate(const QString &fields, const QVariantList &values, LocateOptions options) {
+    checkBrowseMode();
+    const QStringList names = fields.split(u';', Qt::SkipEmptyParts);
+    QList<int> indexes;
+    for (const QString &n : names)
+        indexes << FieldByName(n.trimmed()).Index();
+    if (indexes.size() != values.size())
+        throw EDatabaseError(QStringLiteral("Locate: %1 fields and %2 values")
+                                 .arg(indexes.size())
+                                 .arg(values.size()));
+    QVariantList converted;
+    for (int i = 0; i < indexes.size(); ++i)
+        converted << FieldByIndex(indexes[i]).Converted(values[i]);
+
+    auto matches = [&](const Row &row) {
+        for (int i = 0; i < indexes.size(); ++i) {
+            const Field &f = FieldByIndex(indexes[i]);
+            if (options == 0) {
+                if (compareTyped(f.Kind(), row[indexes[i]], converted[i]) != 0)
+                    return false;
+                continue;
+            }
+            const QString have = TextoValor(row[indexes[i]], f.Kind());
+            const QString want = TextoValor(converted[i], f.Kind());
+            const Qt::CaseSensitivity cs = options & int(LocateOption::CaseInsensitive)
+                                               ? Qt::CaseInsensitive
+                                               : Qt::CaseSensitive;
+            const bool ok = options & int(LocateOption::PartialKey) ? have.startsWith(want, cs)
+                                                                    : have.compare(want, cs) == 0;
+            if (!ok)
+                return false;
+        }
+        return true;
+    };
+
+    const Bookmark here = empty_ ? Bookmark() : srcBookmark();
+    std::optional<bool> bySource;
+    if (!filtered_ || filter_.IsEmpty()) {
+        QStringList fieldNames;
+        for (int i : indexes)
+            fieldNames << FieldByIndex(i).FieldName();
+        bySource = srcLocate(fieldNames, converted, options);
+    }
+    bool found;
+    if (bySource) {
+        found = *bySource;
+    } else {
+        found = firstAccepted();
+        while (found && !matches(srcRow()))
+            found = nextAccepted();
+    }
+    if (!found) {
+        if (here.IsValid())
+            srcGoto(here);
+        return false;
+    }
+    fire(QStringLiteral("BeforeScroll"));
+    empty_ = false;
+    bof_ = eof_ = false;
+    loadCurrent();
+    fireDataChange(nullptr);
+    fire(QStringLiteral("AfterScroll"));
+    return true;
+}
+
+Bookmark Dataset::GetBookmark() const {
+    if (!Active() || empty_)
+        return {};
+    return srcBookmark();
+}
+
+bool Dataset::BookmarkValid(const Bookmark &bookmark) {
+    checkActive();
+    if (!bookmark.IsValid())
+        return false;
+    const Bookmark here = empty_ ? Bookmark() : srcBookmark();
+    const bool ok = srcGoto(bookmark) && accepted(srcRow());
+    if (here.IsValid())
+        srcGoto(here);
+    return ok;
+}
+
+void Dataset::GotoBookmark(const Bookmark &bookmark) {
+    checkBrowseMode();
+    if (!bookmark.IsValid() || !srcGoto(bookmark))
+        throw EDatabaseError(QStringLiteral("Record not found"));
+    fire(QStringLiteral("BeforeScroll"));
+    empty_ = false;
+    bof_ = eof_ = false;
+    loadCurrent();
+    fireDataChange(nullptr);
+    fire(QStringLiteral("AfterScroll"));
+}
+
+} // namespace co::forms
