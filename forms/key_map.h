@@ -1,0 +1,35 @@
+#pragma once
+// The key map of the record screens: what a keystroke does on a form, decided
+// without widgets. The view layer hands every key press of a screen to
+// `ProcesarTeclaForm` first, and every typed character to
+// `ProcesarCaracterForm`; a key or character they consume is not given to the
+// widget.
+//
+// Keys use Qt's key codes and modifiers (qnamespace.h, QtCore), so the view
+// passes QKeyEvent::key() and QKeyEvent::modifiers() as they are.
+
+#include <QChar>
+#include <QString>
+#include <Qt>
+
+namespace co {
+
+class Form;
+class RutinasFormulario;
+
+struct Tecla {
+    int key = 0;
+    Qt::KeyboardModifiers modifiers;
+    // The key came from the numeric keypad (Qt::KeypadModifier is also set then).
+    bool tecladoNumerico() const { return modifiers.testFlag(Qt::KeypadModifier); }
+};
+
+// True when the form consumed the key. The form's focused control and selected
+// grid column say where the key was pressed.
+bool ProcesarTeclaForm(Form &form, RutinasFormulario &rutinas, const Tecla &tecla);
+
+// The character to give to the widget (the keypad's point becomes "," or ":" in
+// number and hour fields); a null QChar when the form consumed it.
+QChar ProcesarCaracterForm(Form &form, QChar caracter, const Tecla &tecla);
+
+} // namespace co
