@@ -1,4 +1,5 @@
 #include "ui/desktop_session.h"
+#include "ui/screens.h"
 
 #include "core/rights.h"
 #include "core/users.h"
@@ -29,6 +30,7 @@ bool DesktopSession::Arrancar() {
         return UsuarioAccedePrograma(datos, aplicacion_->sesion().CodigoUsuario, programa);
     });
     dialogs_.setParent(ventana_.get());
+    RegistrarPantallas(*ventana_, *aplicacion_);
     if (Translator *traductor = aplicacion_->traductor())
         for (QAction *a : ventana_->findChildren<QAction *>())
             if (!a->text().isEmpty())

@@ -1,0 +1,80 @@
+#pragma once
+// Drives a record screen headless, as a user would: open its tables, leave
+// and enter grid columns, type into fields, click buttons and menu items, with
+// every action run as the window loop runs it (silent aborts end it, refused
+// writes are told). Dialogs are answered by the test's ScriptedMessages.
+
+#include "core/table_creation.h"
+#include "core/table_opening.h"
+#include "forms/form.h"
+#include "forms/maintenance_routines.h"
+
+#include <QStringList>
+#include <memory>
+
+namespace co::test {
+
+template <class Pantalla> class ScreenTest {
+public:
+    explicit ScreenTest(TModuloDatos &datos)
+        : datos_(datos), creador_(datos, QStringLiteral(CO_SOURCE_DIR "/data")),
+          apertura_(datos, creador_), form_(std::make_unique<Pantalla>(datos)) {}
+
+    Pantalla &form() { return *form_; }
+    AperturaTablas &opening() { return apertura_; }
+    bool open() { return form_->Abrir(apertura_); }
+
+    // A button's or menu item's click; false when it stopped.
+    bool click(const QString &name) {
+        return form_->Rutinas().Ejecutar([&] {
+            if (!form_->Click(name))
+                throw forms::EAbort();
+        });
+    }
+    // Moves to a grid column by field name; false when leaving the old one stopped.
+    bool column(const QString &field) {
+        forms::DBGrid &grid = form_->DBGrid1();
+        if (!form_->SetFocus(&grid))
+            return false;
+        for (int i = 0; i < grid.Columns.size(); ++i)
+            if (grid.Columns[i].FieldName == field) {
+                bool moved = false;
+                const bool ran =
+                    form_->Rutinas().Ejecutar([&] { moved = form_->SelectColumn(grid, i); });
+                return ran && moved;
+            }
+        return false;
+    }
+    // Types a text into a grid column of the current record (auto edit).
+    bool type(const QString &field, const QString &text) {
+        if (!column(field))
+            return false;
+        return form_->Rutinas().Ejecutar([&] {
+            forms::Table &t = form_->Table1();
+            if (!t.IsPending())
+                t.Edit();
+            t.FieldByName(field).SetAsString(text);
+        });
+    }
+    // Values of one field over the whole table, in key order.
+    QStringList values(const QString &field) {
+        QStringList out;
+        forms::Table &t = form_->Table1();
+        for (t.First(); !t.Eof(); t.Next())
+            out << t.FieldByName(field).AsString();
+        return out;
+    }
+    // Closes and opens the screen again.
+    bool reopen() {
+        form_ = std::make_unique<Pantalla>(datos_);
+        return open();
+    }
+
+private:
+    TModuloDatos &datos_;
+    CreadorTablas creador_;
+    AperturaTablas apertura_;
+    std::unique_ptr<Pantalla> form_;
+};
+
+} // namespace co::test

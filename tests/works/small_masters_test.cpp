@@ -1,0 +1,234 @@
+// The five small works masters headless, on both back-ends: defaults of a new
+// record, lists of permitted values, the key checks, lookups of related tables,
+// the analysis groups of a machine, and the messages of failed writes.
+#include "core/general_parameters_table.h"
+#include "support/layer_fixture.h"
+#include "support/screen_test.h"
+#include "works/categories_master.h"
+#include "works/incidents_master.h"
+#include "works/machines_master.h"
+#include "works/subcontracts_master.h"
+#include "works/units_master.h"
+
+#include <QDate>
+#include <gtest/gtest.h>
+
+namespace co::works {
+namespace {
+
+using co::test::ScreenTest;
+using forms::DatasetState;
+
+class SmallMasters : public co::test::LayerTest {
+protected:
+    void parametros(QVariantHash valores) {
+        ASSERT_TRUE(GrabarParametrosGenerales(*datos_, std::move(valores)));
+    }
+    // Opens another table through the form opening, so it is made when missing.
+    void tabla(const QString &nombre, const QStringList &inserts) {
+        forms::Table t(*datos_, QStringLiteral("Table1"), nombre);
+        CreadorTablas creador(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
+        AperturaTablas apertura(*datos_, creador);
+        ASSERT_TRUE(apertura.AperturaTablaOK(t));
+        for (const QString &sql : inserts)
+            ok(sql);
+    }
+};
+
+TEST_P(SmallMasters, UnitsTakeTheFirstVatRateAndKeepEnteringAfterAPost) {
+    parametros({{QStringLiteral("Iva1"), 21.0}});
+    ScreenTest<TfOBRAUNID> s(*datos_);
+    ASSERT_TRUE(s.open());
+    EXPECT_EQ(s.form().Caption, QStringLiteral("Maestro de Unidades"));
+    ASSERT_TRUE(s.click(QStringLiteral("Agregar")));
+    EXPECT_DOUBLE_EQ(s.form().Table1().FieldByName(QStringLiteral("PorcentajeIVA")).AsFloat(),
+                     21.0);
+    ASSERT_TRUE(s.type(QStringLiteral("Codigo"), QStringLiteral("M2")));
+    ASSERT_TRUE(s.type(QStringLiteral("Descripcion"), QStringLiteral("Metro cuadrado")));
+    ASSERT_TRUE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(s.form().Table1().State(), DatasetState::Insert) << "entry goes on";
+    EXPECT_TRUE(s.click(QStringLiteral("pbCancelar")));
+    EXPECT_EQ(s.values(QStringLiteral("Descripcion")),
+              QStringList{QStringLiteral("Metro cuadrado")});
+    EXPECT_TRUE(messages_.shown().isEmpty()) << messages_.texts().join(u'|').toStdString();
+}
+
+TEST_P(SmallMasters, ARepeatedUnitIsToldOnLeavingTheKeyAndOnPost) {
+    ScreenTest<TfOBRAUNID> s(*datos_);
+    ASSERT_TRUE(s.open());
+    ASSERT_TRUE(s.click(QStringLiteral("Agregar")));
+    ASSERT_TRUE(s.type(QStringLiteral("Codigo"), QStringLiteral("KG")));
+    ASSERT_TRUE(s.click(QStringLiteral("pbConforme")));
+    ASSERT_TRUE(s.type(QStringLiteral("Codigo"), QStringLiteral("KG")));
+    EXPECT_FALSE(s.column(QStringLiteral("Descripcion")));
+    EXPECT_EQ(messages_.texts().value(0), QStringLiteral("¡ Ya existe el registro !"));
+    EXPECT_EQ(s.form().DBGrid1().SelectedIndex, 0) << "the focus stays on the key";
+    EXPECT_FALSE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(messages_.texts().value(1), QStringLiteral("¡ Este registro ya existe !"));
+    EXPECT_EQ(s.values(QStringLiteral("Codigo")), QStringList{QStringLiteral("KG")});
+}
+
+TEST_P(SmallMasters, TheExtendedDescriptionIsEditedInItsPopUp) {
+    ScreenTest<TfOBRAUNID> s(*datos_);
+    ASSERT_TRUE(s.open());
+    ok(QStringLiteral("INSERT INTO UNIDADOB (Codigo, Descripcion) VALUES ('H', 'Hora')"));
+    s.form().Table1().Refresh();
+    s.form().Table1().First();
+    messages_.answer(QStringLiteral("Hora de trabajo\ncon dos líneas"));
+    ASSERT_TRUE(s.form().CallHandler(QStringLiteral("DBGrid1EditButtonClick")));
+    ASSERT_FALSE(messages_.shown().isEmpty());
+    EXPECT_EQ(messages_.shown().last().title, QStringLiteral("Unidad H - Descripción Ampliada"));
+    ASSERT_TRUE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(s.values(QStringLiteral("DescripcionAmpliada")),
+              QStringList{QStringLiteral("Hora de trabajo\ncon dos líneas")});
+}
+
+TEST_P(SmallMasters, IncidencesOfferTheirListsAndRefuseOtherValues) {
+    ScreenTest<TfOBRAINCI> s(*datos_);
+    ASSERT_TRUE(s.open());
+    ASSERT_TRUE(s.click(QStringLiteral("Agregar")));
+    forms::Table &t = s.form().Table1();
+    EXPECT_EQ(t.FieldByName(QStringLiteral("Tipo")).AsString(), QStringLiteral("Trabajo"));
+    EXPECT_EQ(t.FieldByName(QStringLiteral("Imputable")).AsString(), QStringLiteral("SI"));
+    ASSERT_TRUE(s.type(QStringLiteral("Codigo"), QStringLiteral("7")));
+    ASSERT_TRUE(s.type(QStringLiteral("Tipo"), QStringLiteral("Obra")));
+    EXPECT_FALSE(s.column(QStringLiteral("Imputable")));
+    EXPECT_EQ(messages_.texts().value(0),
+              QStringLiteral("¡ El valor \"Obra\" de la columna \"Tipo\" no es correcto !"));
+    EXPECT_EQ(t.State(), DatasetState::Insert) << "nothing typed is lost";
+    ASSERT_TRUE(s.type(QStringLiteral("Tipo"), QStringLiteral("Maquina")));
+    ASSERT_TRUE(s.type(QStringLiteral("Imputable"), QStringLiteral("QUIZA")));
+    EXPECT_FALSE(s.click(QStringLiteral("pbConforme"))) << "the post checks every list";
+    EXPECT_EQ(messages_.texts().value(1),
+              QStringLiteral("¡ El valor \"QUIZA\" de la columna \"Imputable\" no es correcto !"));
+    ASSERT_TRUE(s.type(QStringLiteral("Imputable"), QStringLiteral("NO")));
+    ASSERT_TRUE(s.click(QStringLiteral("pbConforme")));
+    ASSERT_TRUE(s.reopen());
+    EXPECT_EQ(s.values(QStringLiteral("Tipo")), QStringList{QStringLiteral("Maquina")});
+    EXPECT_FALSE(IncidenciaImputable(QVariant()));
+    EXPECT_FALSE(IncidenciaImputable(QStringLiteral("NO")));
+    EXPECT_TRUE(IncidenciaImputable(QStringLiteral("SI")));
+}
+
+TEST_P(SmallMasters, CategoryKeysAreSmallNumbersAndAFailedChangeIsNotModified) {
+    ScreenTest<TfNOMICATE> s(*datos_);
+    ASSERT_TRUE(s.open());
+    EXPECT_EQ(s.form().Caption, QStringLiteral("Maestro de Categorías"));
+    for (const char *malo : {"0", "10000"}) {
+        ASSERT_TRUE(s.click(QStringLiteral("Agregar")));
+        ASSERT_TRUE(s.type(QStringLiteral("Codigo"), QString::fromLatin1(malo)));
+        EXPECT_FALSE(s.column(QStringLiteral("Descripcion")));
+        EXPECT_EQ(messages_.texts().last(),
+                  QStringLiteral("¡ El valor debe estar entre 1 y 9999 !"));
+        s.form().Table1().Cancel();
+    }
+    ASSERT_TRUE(s.click(QStringLiteral("Agregar")));
+    ASSERT_TRUE(s.type(QStringLiteral("Codigo"), QStringLiteral("9999")));
+    ASSERT_TRUE(s.type(QStringLiteral("Descripcion"), QStringLiteral("Oficial")));
+    ASSERT_TRUE(s.click(QStringLiteral("pbConforme")));
+    ASSERT_TRUE(s.click(QStringLiteral("pbCancelar")));
+    messages_.clear();
+    ASSERT_TRUE(s.type(QStringLiteral("Descripcion"), QStringLiteral("Peón")));
+    ok(QStringLiteral("DELETE FROM CATEGORI WHERE Codigo = 9999"));
+    EXPECT_FALSE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(messages_.texts().value(0), QStringLiteral("¡El registro no ha sido modificado!"));
+    EXPECT_EQ(s.form().Table1().State(), DatasetState::Browse);
+}
+
+TEST_P(SmallMasters, DeletingAsksFirst) {
+    ScreenTest<TfNOMICATE> s(*datos_);
+    ASSERT_TRUE(s.open());
+    ok(QStringLiteral("INSERT INTO CATEGORI (Codigo, Descripcion) VALUES (3, 'Peón')"));
+    s.form().Table1().Refresh();
+    s.form().Table1().First();
+    ASSERT_TRUE(s.click(QStringLiteral("Eliminar1")));
+    EXPECT_EQ(messages_.texts().value(0),
+              QStringLiteral("¿ Está seguro de querer eliminar el registro ?"));
+    EXPECT_EQ(s.values(QStringLiteral("Codigo")), QStringList{QStringLiteral("3")})
+        << "NO keeps it";
+    messages_.answer(QStringLiteral("SI"));
+    ASSERT_TRUE(s.click(QStringLiteral("Eliminar1")));
+    EXPECT_TRUE(s.values(QStringLiteral("Codigo")).isEmpty());
+}
+
+TEST_P(SmallMasters, SubcontractsOpenTodayAndNeedAnExistingSupplier) {
+    tabla(QStringLiteral("PROVEEDR"),
+          {QStringLiteral("INSERT INTO PROVEEDR (Codigo, Nombre) VALUES (40, 'Grúas O''Neill')")});
+    ScreenTest<TfOBRASUBC> s(*datos_);
+    ASSERT_TRUE(s.open());
+    ASSERT_TRUE(s.click(QStringLiteral("Agregar")));
+    forms::Table &t = s.form().Table1();
+    EXPECT_EQ(t.FieldByName(QStringLiteral("FechaAlta")).AsDateTime().date(), QDate::currentDate());
+    EXPECT_EQ(t.FieldByName(QStringLiteral("TipoIVA")).AsInteger(), 1);
+    ASSERT_TRUE(s.type(QStringLiteral("Codigo"), QStringLiteral("GRUA")));
+    ASSERT_TRUE(s.type(QStringLiteral("CodigoProveedor"), QStringLiteral("41")));
+    EXPECT_FALSE(s.column(QStringLiteral("FechaAlta")));
+    EXPECT_EQ(messages_.texts().value(0), QStringLiteral("¡No existe el Proveedor!"));
+    EXPECT_FALSE(s.click(QStringLiteral("pbConforme"))) << "the post checks again";
+    EXPECT_EQ(messages_.texts().size(), 2);
+    ASSERT_TRUE(s.type(QStringLiteral("CodigoProveedor"), QStringLiteral("40")));
+    ASSERT_TRUE(s.click(QStringLiteral("pbConforme")));
+    ASSERT_TRUE(s.reopen());
+    s.form().Table1().First();
+    EXPECT_EQ(s.form().Table1().FieldByName(QStringLiteral("DescripcionProveedor")).AsString(),
+              QStringLiteral("Grúas O'Neill"));
+}
+
+TEST_P(SmallMasters, SalePricesHideWhenOnlyPercentagesAreUsed) {
+    auto visibles = [](const forms::DBGrid &g) {
+        QStringList out;
+        for (const auto &c : g.Columns)
+            if (c.Visible && c.FieldName.startsWith(QStringLiteral("PrecioVenta")))
+                out << c.FieldName;
+        return out;
+    };
+    parametros({{QStringLiteral("AdmPorPorcentajes"), QStringLiteral("NO")}});
+    EXPECT_EQ(visibles(TfOBRAMAQU(*datos_).DBGrid1()).size(), 4);
+    parametros({{QStringLiteral("AdmPorPorcentajes"), QStringLiteral("SI")}});
+    EXPECT_TRUE(visibles(TfOBRAMAQU(*datos_).DBGrid1()).isEmpty());
+    EXPECT_TRUE(visibles(TfOBRASUBC(*datos_).DBGrid1()).isEmpty());
+}
+
+TEST_P(SmallMasters, MachineGroupsFollowTheMachineAndPostWithIt) {
+    tabla(QStringLiteral("GRANALIS"),
+          {QStringLiteral("INSERT INTO GRANALIS (Codigo, Descripcion, CategoriaGrupo) VALUES "
+                          "('GA1', 'Movimiento de tierras', 'Obra civil')")});
+    ScreenTest<TfOBRAMAQU> s(*datos_);
+    ASSERT_TRUE(s.open());
+    ok(QStringLiteral("INSERT INTO GRANTAB (NombreTabla, ClaveTabla, GrupoAnalisis) VALUES "
+                      "('OTRATABL', 'EXC', 'GA1')"));
+    ASSERT_TRUE(s.click(QStringLiteral("Agregar")));
+    ASSERT_TRUE(s.type(QStringLiteral("Codigo"), QStringLiteral("EXC")));
+    forms::Table &g = s.form().Table2();
+    ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] {
+        g.Append();
+        g.FieldByName(QStringLiteral("GrupoAnalisis")).SetAsString(QStringLiteral("GA1"));
+    }));
+    ASSERT_TRUE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(g.State(), DatasetState::Browse) << "the pending group posted with the machine";
+    ASSERT_TRUE(s.click(QStringLiteral("pbCancelar")));
+    ASSERT_TRUE(s.reopen());
+    s.form().Table1().First();
+    forms::Table &g2 = s.form().Table2();
+    ASSERT_EQ(g2.RecordCount(), 1) << "only this machine's groups";
+    EXPECT_EQ(g2.FieldByName(QStringLiteral("CategoriaGA")).AsString(),
+              QStringLiteral("Obra civil"));
+    EXPECT_EQ(g2.FieldByName(QStringLiteral("DescripcionGA")).AsString(),
+              QStringLiteral("Movimiento de tierras"));
+    // A group that cannot be saved stops the machine's post.
+    ASSERT_TRUE(s.type(QStringLiteral("Descripcion"), QStringLiteral("Excavadora")));
+    ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] {
+        g2.Append();
+        g2.FieldByName(QStringLiteral("GrupoAnalisis")).SetAsString(QStringLiteral("GA1"));
+    }));
+    EXPECT_FALSE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(messages_.texts().last(),
+              QStringLiteral("¡ Los datos de Grupos de Análisis no han sido registrados !. "
+                             "Inténtelo de nuevo."));
+    EXPECT_EQ(s.form().Table1().State(), DatasetState::Edit);
+}
+
+CO_ON_BOTH_BACKENDS(SmallMasters);
+
+} // namespace
+} // namespace co::works

@@ -1,0 +1,178 @@
+#include "ui/dataset_model.h"
+
+namespace co::ui {
+
+using forms::DatasetState;
+
+DatasetModel::DatasetModel(forms::DBGrid &grid,
+                           std::function<bool(const std::function<void()> &)> run, QObject *parent)
+    : QAbstractTableModel(parent), grid_(grid), run_(std::move(run)) {
+    if (grid_.Columns.isEmpty())
+        grid_.DefaultColumns();
+    for (int i = 0; i < grid_.Columns.size(); ++i)
+        if (grid_.Columns[i].Visible)
+            columns_ << i;
+    reload();
+}
+
+int DatasetModel::rowCount(const QModelIndex &parent) const {
+    if (parent.isValid())
+        return 0;
+    const forms::Dataset *d = dataset();
+    const bool extra = d && d->State() == DatasetState::Insert;
+    return static_cast<int>(rows_.size()) + (extra ? 1 : 0);
+}
+
+int DatasetModel::columnCount(const QModelIndex &parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+}
+
+QString DatasetModel::text(int row, int gridColumn) const {
+    forms::Dataset *d = dataset();
+    const forms::GridColumn &c = grid_.Columns[gridColumn];
+    const bool live = d && d->IsPending() && (row == rows_.size() || row == currentRow());
+    if (!live)
+        return rows_.value(row).value(gridColumn);
+    forms::Field *f = d->FindField(c.FieldName);
+    if (!f)
+        return {};
+    return f->DataType() == TipoCampo::ftMemo ? QStringLiteral(" ...") : f->DisplayText();
+}
+
+QVariant DatasetModel::data(const QModelIndex &index, int role) const {
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole))
+        return {};
+    const int g = gridColumn(index.column());
+    if (role == Qt::EditRole && dataset())
+        if (forms::Field *f = dataset()->FindField(grid_.Columns[g].FieldName);
+            f && index.row() == currentRow())
+            return f->AsString();
+    return text(index.row(), g);
+}
+
+QVariant DatasetModel::headerData(int section, Qt::Orientation o, int role) const {
+    if (role != Qt::DisplayRole)
+        return {};
+    if (o == Qt::Vertical)
+        return section + 1;
+    const forms::GridColumn &c = grid_.Columns.value(gridColumn(section));
+    return c.Title.isEmpty() ? c.FieldName : c.Title;
+}
+
+Qt::ItemFlags DatasetModel::flags(const QModelIndex &index) const {
+    Qt::ItemFlags f = QAbstractTableModel::flags(index);
+    const forms::Dataset *d = dataset();
+    const forms::GridColumn &c = grid_.Columns.value(gridColumn(index.column()));
+    if (d && !d->ReadOnly && !grid_.ReadOnly && !c.ReadOnly)
+        f |= Qt::ItemIsEditable;
+    return f;
+}
+
+bool DatasetModel::setData(const QModelIndex &index, const QVariant &value, int role) {
+    forms::Dataset *d = dataset();
+    if (!d || role != Qt::EditRole || !moveTo(index.row()))
+        return false;
+    const QString field = grid_.Columns[gridColumn(index.column())].FieldName;
+    const bool ok = run_([&] {
+        if (!d->IsPending())
+            d->Edit();
+        d->FieldByName(field).SetAsString(value.toString());
+    });
+    emit dataChanged(this->index(index.row(), 0), this->index(index.row(), columnCount() - 1));
+    return ok;
+}
+
+bool DatasetModel::canFetchMore(const QModelIndex &parent) const {
+    return !parent.isValid() && !atEnd_;
+}
+
+void DatasetModel::fetchMore(const QModelIndex &parent) {
+    if (parent.isValid() || atEnd_)
+        return;
+    forms::Dataset *d = dataset();
+    if (!d || d->IsPending())
+        return;
+    const int before = static_cast<int>(rows_.size());
+    const forms::Bookmark here = d->GetBookmark();
+    QList<QStringList> more;
+    QList<forms::Bookmark> marks;
+    run_([&] {
+        d->GotoBookmark(marks_.last());
+        for (d->Next(); !d->Eof() && more.size() < kChunk; d->Next()) {
+            marks << d->GetBookmark();
+            QStringList r;
+            for (const forms::GridColumn &c : grid_.Columns) {
+                forms::Field *f = d->FindField(c.FieldName);
+                r << (!f                                   ? QString()
+                      : f->DataType() == TipoCampo::ftMemo ? QStringLiteral(" ...")
+                                                           : f->DisplayText());
+            }
+            more << r;
+        }
+        atEnd_ = d->Eof();
+        d->GotoBookmark(here);
+    });
+    if (more.isEmpty()) {
+        atEnd_ = true;
+        return;
+    }
+    beginInsertRows({}, before, before + static_cast<int>(more.size()) - 1);
+    rows_ << more;
+    marks_ << marks;
+    endInsertRows();
+}
+
+void DatasetModel::readChunk(int count) {
+    forms::Dataset *d = dataset();
+    rows_.clear();
+    marks_.clear();
+    atEnd_ = true;
+    if (!d || !d->Active() || d->IsEmpty())
+        return;
+    const bool pending = d->IsPending();
+    const forms::Bookmark here = d->GetBookmark();
+    run_([&] {
+        if (pending)
+            return; // moving off would post; show the pending record only
+        for (d->First(); !d->Eof() && rows_.size() < count; d->Next()) {
+            marks_ << d->GetBookmark();
+            QStringList r;
+            for (const forms::GridColumn &c : grid_.Columns) {
+                forms::Field *f = d->FindField(c.FieldName);
+                r << (!f                                   ? QString()
+                      : f->DataType() == TipoCampo::ftMemo ? QStringLiteral(" ...")
+                                                           : f->DisplayText());
+            }
+            rows_ << r;
+        }
+        atEnd_ = d->Eof();
+        if (here.IsValid())
+            d->GotoBookmark(here);
+    });
+}
+
+void DatasetModel::reload() {
+    beginResetModel();
+    readChunk(std::max<int>(kChunk, static_cast<int>(rows_.size())));
+    endResetModel();
+}
+
+int DatasetModel::currentRow() const {
+    const forms::Dataset *d = dataset();
+    if (!d || !d->Active())
+        return -1;
+    if (d->State() == DatasetState::Insert)
+        return static_cast<int>(rows_.size());
+    return static_cast<int>(marks_.indexOf(d->GetBookmark()));
+}
+
+bool DatasetModel::moveTo(int row) {
+    forms::Dataset *d = dataset();
+    if (!d || row == currentRow())
+        return true;
+    if (row < 0 || row >= marks_.size())
+        return false;
+    return run_([&] { d->GotoBookmark(marks_[row]); });
+}
+
+} // namespace co::ui

@@ -1,0 +1,55 @@
+#pragma once
+// A Qt table model over one grid of a form: its visible columns over the grid's
+// dataset. Rows are read lazily in chunks (canFetchMore/fetchMore walk the
+// dataset's paged cursor), so a grid on a million rows opens at once. The
+// record being edited or inserted is shown from its live fields; memo columns
+// show " ...". Writes go through the dataset; refusals are told by the caller.
+
+#include "forms/form.h"
+
+#include <QAbstractTableModel>
+#include <QList>
+#include <functional>
+
+namespace co::ui {
+
+class DatasetModel : public QAbstractTableModel {
+public:
+    // `run` executes an action as the window loop does (see RutinasFormulario::Ejecutar).
+    DatasetModel(forms::DBGrid &grid, std::function<bool(const std::function<void()> &)> run,
+                 QObject *parent = nullptr);
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation o, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override;
+    bool canFetchMore(const QModelIndex &parent) const override;
+    void fetchMore(const QModelIndex &parent) override;
+
+    // Re-reads from the first row, as many rows as were shown.
+    void reload();
+    // The grid column index of a model column.
+    int gridColumn(int modelColumn) const { return columns_.value(modelColumn, -1); }
+    int modelColumn(int gridColumn) const { return columns_.indexOf(gridColumn); }
+    // The row of the dataset's current record; -1 when not shown.
+    int currentRow() const;
+    // Makes a row the dataset's current record; false when the move stopped.
+    bool moveTo(int row);
+    static constexpr int kChunk = 64;
+
+private:
+    forms::Dataset *dataset() const { return grid_.DataSet(); }
+    QString text(int row, int gridColumn) const;
+    void readChunk(int count);
+
+    forms::DBGrid &grid_;
+    std::function<bool(const std::function<void()> &)> run_;
+    QList<int> columns_; // visible grid columns
+    QList<forms::Bookmark> marks_;
+    QList<QStringList> rows_; // display texts per grid column
+    bool atEnd_ = true;
+};
+
+} // namespace co::ui

@@ -1,0 +1,57 @@
+#pragma once
+// `FormView`: draws any `Form` from its components and turns the user's acts
+// into calls of the form's logic. Grids show their dataset through a
+// `DatasetModel`; data edits and combo boxes are bound to their fields; buttons
+// run the form's clicks; menu items go under a "Ficha" menu; a status line shows
+// the dataset's state and place. Every key press and typed character goes to
+// the key map first; what it consumes never reaches the widget. Focus changes
+// and grid column changes run the form's exit checks and are undone when they
+// stop. No business rule lives here.
+
+#include "forms/form.h"
+#include "forms/maintenance_routines.h"
+
+#include <QHash>
+#include <QWidget>
+#include <memory>
+
+class QLabel;
+class QTableView;
+
+namespace co::ui {
+
+class DatasetModel;
+
+class FormView : public QWidget {
+public:
+    // Takes the form; `rutinas` run the user's actions as the window loop does.
+    FormView(std::unique_ptr<forms::Form> form, forms::RutinasFormulario &rutinas,
+             QWidget *parent = nullptr);
+    ~FormView() override;
+
+    forms::Form &form() const { return *form_; }
+    QWidget *widgetFor(const QString &component) const;
+    QTableView *grid(const QString &name) const;
+    QString statusText() const;
+    // Re-reads every widget from the form's state.
+    void refresh();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void build();
+    void bindGrid(forms::DBGrid &grid, QTableView *view);
+    bool run(const std::function<void()> &action);
+
+    std::unique_ptr<forms::Form> form_;
+    forms::RutinasFormulario &rutinas_;
+    QHash<forms::Component *, QWidget *> widgets_;
+    QHash<QWidget *, forms::Component *> components_;
+    QHash<forms::DBGrid *, DatasetModel *> models_;
+    QLabel *status_ = nullptr;
+    bool refreshing_ = false;
+};
+
+} // namespace co::ui

@@ -1,0 +1,14 @@
+#pragma once
+// The one place where the view hands keys and characters to the key map.
+
+#include "forms/form.h"
+#include "forms/key_map.h"
+#include "forms/maintenance_routines.h"
+
+namespace co::ui {
+
+bool EnviarTeclaAlFormulario(forms::Form &form, forms::RutinasFormulario &rutinas,
+                             const Tecla &tecla);
+QChar EnviarCaracterAlFormulario(forms::Form &form, QChar caracter, const Tecla &tecla);
+
+} // namespace co::ui

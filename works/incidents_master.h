@@ -1,0 +1,20 @@
+#pragma once
+// `TfOBRAINCI`, "Maestro de Incidencias": incidences (`INCIDENC`), with the type
+// and the chargeable mark chosen from their lists.
+
+#include "works/grid_master.h"
+
+namespace co::works {
+
+class TfOBRAINCI : public MaestroRejilla {
+public:
+    explicit TfOBRAINCI(TModuloDatos &datos);
+
+protected:
+    void ValoresIniciales() override;
+};
+
+// An incidence is chargeable only when marked "SI"; an empty mark is not.
+bool IncidenciaImputable(const QVariant &imputable);
+
+} // namespace co::works
