@@ -25,6 +25,7 @@ bench: bootstrap
 	@cmake -S . -B build/bench -G Ninja -DCMAKE_BUILD_TYPE=Release -DCO_BUILD_TESTS=OFF -DCO_BUILD_BENCH=ON >/dev/null
 	@$(LOCK) cmake --build build/bench -j $(JOBS)
 	@scripts/test-postgres run -- build/bench/bench/control-obras-bench
+	@build/bench/bench/control-obras-startup-bench
 
 run: build
 	@bash scripts/run-demo $(RELEASE_BUILD)

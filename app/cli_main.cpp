@@ -113,6 +113,7 @@ co::OpcionesArranque opcionesDe(const Arguments &a) {
     o.carpetaInstalacion = a.dir;
     o.carpetaAplicacion = a.dir;
     o.carpetaDatos = co::CarpetaDatosAplicacion();
+    o.ejecutable = QCoreApplication::applicationFilePath();
     o.instalacionObligatoria = true;
     return o;
 }

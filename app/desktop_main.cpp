@@ -21,6 +21,7 @@ int main(int argc, char **argv) {
     opciones.carpetaInstalacion = dir.isEmpty() ? QApplication::applicationDirPath() : dir;
     opciones.carpetaAplicacion = opciones.carpetaInstalacion;
     opciones.carpetaDatos = co::CarpetaDatosAplicacion();
+    opciones.ejecutable = QApplication::applicationFilePath();
     opciones.linea = co::LeerLineaComandos(app.arguments());
     co::ui::DesktopSession session(opciones);
     if (!session.Arrancar())

@@ -17,6 +17,9 @@ public:
     bool printRatio(const std::string &label, const std::string &measured, const std::string &floor,
                     double target) const;
 
+    // Prints the ratio and both times, with no target to meet.
+    void printFigures(const std::string &label, const std::string &measured, const std::string &floor) const;
+
 private:
     std::map<std::string, double> times_;
 };

@@ -64,6 +64,9 @@ public:
     QString CodigoUsuario;
     int CodigoEmpresa = 0;
     QString NombreEmpresa;
+    QString FechaVersion;
+    QString VersionServidor;
+    QHash<QString, QString> MapaAyuda;
     QString FormatoFechaSQL = QStringLiteral("yyyy-mm-dd");
     QString FechaNula = QStringLiteral("1899-12-30 00:00:00");
     // While set, company statements go to this alias.

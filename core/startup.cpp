@@ -2,6 +2,7 @@
 
 #include "core/currency_table.h"
 #include "core/rights.h"
+#include "core/session_values.h"
 #include "core/users.h"
 
 #include <QDir>
@@ -58,6 +59,8 @@ bool Aplicacion::Iniciar() {
         s.mensajes().MensajeA(QStringLiteral("¡Imposible iniciar la aplicación!. Motivo: ") + motivo);
         return false;
     }
+    s.FechaVersion = CalcularFechaVersion(opciones_.ejecutable);
+    s.MapaAyuda = LeerMapaAyuda(QDir(opciones_.carpetaAplicacion).filePath(QStringLiteral("NAROWIN.MAP")));
     datos_ = std::make_unique<TModuloDatos>(s);
     creador_ = std::make_unique<CreadorTablas>(*datos_, opciones_.carpetaDatos);
     datos_->setTableCreator(creador_.get());
@@ -70,6 +73,8 @@ bool Aplicacion::Iniciar() {
             intercalacion.startsWith(QStringLiteral("Error.")) ? QString() : intercalacion);
         traductor_->TraducirMensajes(s.mensajes());
     }
+    s.VersionServidor = datos_->EjecutarSQL(SentenciaVersionServidor(s.backend()), kGeneral, QStringLiteral("Silenciosa"))
+                            .section(u'|', 0, 0);
     return prepararTablasIniciales();
 }
 

@@ -24,6 +24,7 @@ struct OpcionesArranque {
     QString carpetaInstalacion;  // where INSTALACION is
     QString carpetaAplicacion;   // where the INI file is looked for
     QString carpetaDatos;        // DATABASE.TXT and the other data files
+    QString ejecutable;          // the program's file, for its version date
     LineaComandos linea;
     // The command line refuses a folder without INSTALACION; the desktop takes
     // the defaults after its message.

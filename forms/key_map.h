@@ -12,7 +12,7 @@
 #include <QString>
 #include <Qt>
 
-namespace co {
+namespace co::forms {
 
 class Form;
 class RutinasFormulario;
@@ -32,4 +32,4 @@ bool ProcesarTeclaForm(Form &form, RutinasFormulario &rutinas, const Tecla &tecl
 // number and hour fields); a null QChar when the form consumed it.
 QChar ProcesarCaracterForm(Form &form, QChar caracter, const Tecla &tecla);
 
-} // namespace co
+} // namespace co::forms
