@@ -28,12 +28,7 @@ void DBGrid::DefaultColumns() {
     for (int i = 0; i < ds->FieldCount(); ++i) {
         const Field &f = ds->FieldByIndex(i);
         if (f.Visible)
-            Columns.append({f.FieldName(),
-                            f.DisplayLabel.isEmpty() ? f.FieldName() : f.DisplayLabel,
-                            {},
-                            false,
-                            true,
-                            64});
+            Columns.append(GridColumn(f.FieldName(), f.DisplayLabel.isEmpty() ? f.FieldName() : f.DisplayLabel));
     }
 }
 

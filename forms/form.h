@@ -50,6 +50,9 @@ public:
 };
 
 struct GridColumn {
+    GridColumn() = default;
+    GridColumn(QString field, QString title, QStringList pickList = {})
+        : FieldName(std::move(field)), Title(std::move(title)), PickList(std::move(pickList)) {}
     QString FieldName;
     QString Title;
     QStringList PickList;

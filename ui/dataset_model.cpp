@@ -78,7 +78,7 @@ bool DatasetModel::setData(const QModelIndex &index, const QVariant &value, int 
             d->Edit();
         d->FieldByName(field).SetAsString(value.toString());
     });
-    emit dataChanged(this->index(index.row(), 0), this->index(index.row(), columnCount() - 1));
+    Q_EMIT dataChanged(this->index(index.row(), 0), this->index(index.row(), columnCount() - 1));
     return ok;
 }
 

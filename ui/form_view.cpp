@@ -4,6 +4,7 @@
 #include "ui/dataset_model.h"
 #include "ui/key_routing.h"
 
+#include <QCoreApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QHBoxLayout>

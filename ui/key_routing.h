@@ -7,8 +7,9 @@
 
 namespace co::ui {
 
-bool EnviarTeclaAlFormulario(forms::Form &form, forms::RutinasFormulario &rutinas,
-                             const Tecla &tecla);
+using forms::Tecla;
+
+bool EnviarTeclaAlFormulario(forms::Form &form, forms::RutinasFormulario &rutinas, const Tecla &tecla);
 QChar EnviarCaracterAlFormulario(forms::Form &form, QChar caracter, const Tecla &tecla);
 
 } // namespace co::ui

@@ -7,8 +7,8 @@ TfNOMICATE::TfNOMICATE(TModuloDatos &datos)
                              QStringLiteral("Maestro de Categorías"),
                              QStringLiteral("CATEGORI"),
                              QStringLiteral("Codigo"),
-                             {{QStringLiteral("Codigo"), QStringLiteral("Código")},
-                              {QStringLiteral("Descripcion"), QStringLiteral("Descripción")}}}) {
+                             {{QStringLiteral("Codigo"), QStringLiteral("Código"), {}},
+                              {QStringLiteral("Descripcion"), QStringLiteral("Descripción"), {}}}}) {
     TextoModificacionFallida = QStringLiteral("¡El registro no ha sido modificado!");
 }
 

@@ -17,10 +17,10 @@ TfOBRAINCI::TfOBRAINCI(TModuloDatos &datos)
            QStringLiteral("Maestro de Incidencias"),
            QStringLiteral("INCIDENC"),
            QStringLiteral("Codigo"),
-           {{QStringLiteral("Codigo"), QStringLiteral("Código")},
-            {QStringLiteral("Descripcion"), QStringLiteral("Descripción")},
-            lista("Tipo", "Tipo", {QStringLiteral("Trabajo"), QStringLiteral("Maquina")}),
-            lista("Imputable", "Imputable", {QStringLiteral("SI"), QStringLiteral("NO")})}}) {}
+           {{QStringLiteral("Codigo"), QStringLiteral("Código"), {}},
+            {QStringLiteral("Descripcion"), QStringLiteral("Descripción"), {}},
+            lista("Tipo", "Tipo", {QStringLiteral("Trabajo"), QStringLiteral("Maquina"), {}}),
+            lista("Imputable", "Imputable", {QStringLiteral("SI"), QStringLiteral("NO"), {}})}}) {}
 
 void TfOBRAINCI::ValoresIniciales() {
     Table1().FieldByName(QStringLiteral("Tipo")).SetAsString(QStringLiteral("Trabajo"));

@@ -11,8 +11,8 @@ namespace {
 const QString kTabla = QStringLiteral("MAQUINOB");
 
 QList<GridColumn> columnasMaquina() {
-    QList<GridColumn> c{{QStringLiteral("Codigo"), QStringLiteral("Código")},
-                        {QStringLiteral("Descripcion"), QStringLiteral("Descripción")}};
+    QList<GridColumn> c{{QStringLiteral("Codigo"), QStringLiteral("Código"), {}},
+                        {QStringLiteral("Descripcion"), QStringLiteral("Descripción"), {}}};
     for (int i = 1; i <= 4; ++i)
         c.append(
             {QStringLiteral("CuotaHoraria%1").arg(i), QStringLiteral("Cuota Horaria %1").arg(i)});
@@ -30,12 +30,12 @@ TfOBRAMAQU::TfOBRAMAQU(TModuloDatos &datos)
     table2_->AddCalculatedField(QStringLiteral("DescripcionGA"), TipoCampo::ftString, 40);
     auto &source2 = Add<forms::DataSource>(QStringLiteral("DataSource2"), table2_);
     grid2_ = &Add<forms::DBGrid>(QStringLiteral("DBGrid2"), &source2);
-    GridColumn categoria{QStringLiteral("CategoriaGA"), QStringLiteral("Categoría")};
+    GridColumn categoria{QStringLiteral("CategoriaGA"), QStringLiteral("Categoría"), {}};
     categoria.ReadOnly = true;
-    GridColumn descripcion{QStringLiteral("DescripcionGA"), QStringLiteral("Descripción")};
+    GridColumn descripcion{QStringLiteral("DescripcionGA"), QStringLiteral("Descripción"), {}};
     descripcion.ReadOnly = true;
     grid2_->Columns = {
-        {QStringLiteral("GrupoAnalisis"), QStringLiteral("G.A.")}, categoria, descripcion};
+        {QStringLiteral("GrupoAnalisis"), QStringLiteral("G.A."), {}}, categoria, descripcion};
     OcultarPreciosVenta();
 
     SetHandler(QStringLiteral("Table1AfterScroll"),
@@ -66,7 +66,7 @@ void TfOBRAMAQU::calcularGrupo() {
     if (!grupo.isEmpty())
         if (const auto v = Datos().BuscarValores(
                 QStringLiteral("GRANALIS"), grupo,
-                {QStringLiteral("CategoriaGrupo"), QStringLiteral("Descripcion")}))
+                {QStringLiteral("CategoriaGrupo"), QStringLiteral("Descripcion"), {}}))
             valores = *v;
     table2_->FieldByName(QStringLiteral("CategoriaGA")).SetAsString(valores.value(0));
     table2_->FieldByName(QStringLiteral("DescripcionGA")).SetAsString(valores.value(1));

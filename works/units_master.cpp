@@ -10,17 +10,17 @@ TfOBRAUNID::TfOBRAUNID(TModuloDatos &datos)
                   QStringLiteral("Maestro de Unidades"),
                   QStringLiteral("UNIDADOB"),
                   QStringLiteral("Codigo"),
-                  {{QStringLiteral("Codigo"), QStringLiteral("Código")},
-                   {QStringLiteral("Descripcion"), QStringLiteral("Descripción")},
-                   {QStringLiteral("DescripcionAmpliada"), QStringLiteral("Descripción Ampliada")},
-                   {QStringLiteral("Unidad"), QStringLiteral("Unidad")},
-                   {QStringLiteral("PorcentajeIVA"), QStringLiteral("% IVA")},
-                   {QStringLiteral("PorcentajeRgo"), QStringLiteral("% Recargo")}}}) {
+                  {{QStringLiteral("Codigo"), QStringLiteral("Código"), {}},
+                   {QStringLiteral("Descripcion"), QStringLiteral("Descripción"), {}},
+                   {QStringLiteral("DescripcionAmpliada"), QStringLiteral("Descripción Ampliada"), {}},
+                   {QStringLiteral("Unidad"), QStringLiteral("Unidad"), {}},
+                   {QStringLiteral("PorcentajeIVA"), QStringLiteral("% IVA"), {}},
+                   {QStringLiteral("PorcentajeRgo"), QStringLiteral("% Recargo"), {}}}}) {
     // The memo column's button: the pop-up edits the whole text.
     SetHandler(QStringLiteral("DBGrid1EditButtonClick"), [this](forms::Component *) {
         MessagePort *port = Mensajes().port();
         forms::Field &memo = Table1().FieldByName(QStringLiteral("DescripcionAmpliada"));
-        if (!port || Table1().IsEmpty() && !Table1().IsPending())
+        if (!port || (Table1().IsEmpty() && !Table1().IsPending()))
             return;
         const QString actual = memo.AsString();
         const QString texto = port->showTitled(u'P', TituloDescripcionAmpliada(), {}, actual);
