@@ -2,6 +2,7 @@
 
 #include "core/rights.h"
 #include "core/users.h"
+#include "ui/listing_screens.h"
 
 #include <QAction>
 #include <QApplication>
@@ -29,6 +30,7 @@ bool DesktopSession::Arrancar() {
         return UsuarioAccedePrograma(datos, aplicacion_->sesion().CodigoUsuario, programa);
     });
     dialogs_.setParent(ventana_.get());
+    RegistrarListados(*ventana_, *aplicacion_);
     if (Translator *traductor = aplicacion_->traductor())
         for (QAction *a : ventana_->findChildren<QAction *>())
             if (!a->text().isEmpty())
