@@ -373,7 +373,7 @@ TEST_P(KeyMap, F8InAdministratorModeCollectsControlsAndGridColumns) {
     rutinas_->ModoAdministrador = true;
     messages_.answer(QStringLiteral("SI"));
     pulsar(Qt::Key_F8);
-    form_->SelectColumn(*grid_, 1);
+    grid_->SelectedIndex = 1;
     messages_.answer(QStringLiteral("NO"));
     pulsar(Qt::Key_F8);
     EXPECT_EQ(EstadoTecladoSesion().ControlesSeleccionados.lista(),
