@@ -174,12 +174,12 @@ TEST_P(RecordRoutines, AFailedRemovalIsWarnedTheRestRunAndTheDeleteIsStopped) {
         QString motivo;
         creador_->CrearTabla(QString::fromLatin1(t), QStringLiteral("Database"), {}, &motivo);
     }
+    PrepararForm(*form_, *rutinas_, OpcionesPreparacion{});
     datos_->setTableCreator(nullptr); // GRANTAB stays missing
     incidencia(4, QStringLiteral("Granizo"));
     table_->Refresh();
     ok(QStringLiteral("INSERT INTO RELACION (NombreTablaA, ClaveTablaA, NombreTablaB, ClaveTablaB) "
                       "VALUES ('INCIDENC', '4', 'OBRA', 'x')"));
-    PrepararForm(*form_, *rutinas_, OpcionesPreparacion{});
     table_->First();
     EXPECT_FALSE(rutinas_->Ejecutar([&] { table_->Delete(); }));
     EXPECT_EQ(filas(QStringLiteral("INCIDENC")), 1) << "the record stays";
