@@ -69,6 +69,29 @@ void ocultarControles(Form &form, RutinasFormulario &rutinas, const OpcionesPrep
     }
 }
 
+void documentosYBusquedas(Form &form, RutinasFormulario &rutinas, const OpcionesPreparacion &o) {
+    auto *table = form.Find<Table>(QStringLiteral("Table1"));
+    if (o.documentacionElectronica && table &&
+        form.FindComponent(QStringLiteral("DocumentacionElectronica1")) &&
+        !table->HasHandler(QStringLiteral("AfterScroll")))
+        table->SetHandler(QStringLiteral("AfterScroll"), [&form, &rutinas](Dataset &) {
+            if (rutinas.Ventanas.DocumentosAbiertos && rutinas.Ventanas.DocumentosAbiertos())
+                form.Click(QStringLiteral("DocumentacionElectronica1"));
+        });
+    const QString busqueda = QStringLiteral("BusquedaPorAsociacion");
+    for (Component *c : form.Components()) {
+        if (c->Kind() != ComponentKind::Edit ||
+            !form.EventHandler(*c, QStringLiteral("OnDblClick")).isEmpty())
+            continue;
+        form.SetEvent(*c, QStringLiteral("OnDblClick"), busqueda);
+        if (!form.HasHandler(busqueda))
+            form.SetHandler(busqueda, [&rutinas](Component *sender) {
+                if (sender && rutinas.Ventanas.BusquedaAsociacion)
+                    rutinas.Ventanas.BusquedaAsociacion(*sender);
+            });
+    }
+}
+
 } // namespace
 
 QString ClaseFormulario(const Form &form) {
@@ -94,6 +117,7 @@ void PrepararForm(Form &form, RutinasFormulario &rutinas, const OpcionesPreparac
     rutinas.ModoAdministrador = o.modoAdministrador;
     rutinas.DerechosUsuarioActivos = o.derechosActivos;
     ocultarControles(form, rutinas, o);
+    documentosYBusquedas(form, rutinas, o);
 }
 
 } // namespace co::forms

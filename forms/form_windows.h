@@ -31,6 +31,8 @@ struct VentanasFormulario {
     std::function<void(const QString &codigo)> ConfiguracionImpresos;
     std::function<void(const HistorialAccesos &)> VisorHistorial; // Ctrl+A
     std::function<void()> Mensajeria;                             // Ctrl+M
+    // True while the attachment window `fGENEDOCE` is open, so it follows the record.
+    std::function<bool()> DocumentosAbiertos;
     // The control under the mouse, for F8; the focused control when not set.
     std::function<Component *()> ControlBajoRaton;
 };

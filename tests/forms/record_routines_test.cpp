@@ -190,6 +190,31 @@ TEST_P(RecordRoutines, AFailedRemovalIsWarnedTheRestRunAndTheDeleteIsStopped) {
         << messages_.texts().first().toStdString();
 }
 
+TEST_P(RecordRoutines, AttachmentWindowFollowsTheRecordAndPlainEditsSearchOnDoubleClick) {
+    incidencia(1, QStringLiteral("A"));
+    incidencia(2, QStringLiteral("B"));
+    form_->AddControl(ComponentKind::MenuItem, QStringLiteral("DocumentacionElectronica1"));
+    Component &edit = form_->AddControl(ComponentKind::Edit, QStringLiteral("EditObra"));
+    QStringList log;
+    form_->SetHandler(QStringLiteral("DocumentacionElectronica1Click"), [&](Component *) {
+        log << QStringLiteral("doc:") + table_->FieldByName(QStringLiteral("Codigo")).AsString();
+    });
+    bool abierta = false;
+    rutinas_->Ventanas.DocumentosAbiertos = [&abierta] { return abierta; };
+    rutinas_->Ventanas.BusquedaAsociacion = [&log](Component &c) { log << c.Name(); };
+    OpcionesPreparacion o;
+    o.documentacionElectronica = true;
+    PrepararForm(*form_, *rutinas_, o);
+    table_->Refresh();
+    table_->First();
+    table_->Next();
+    EXPECT_TRUE(log.isEmpty()) << "the window is closed";
+    abierta = true;
+    table_->Prior();
+    EXPECT_TRUE(form_->RunEvent(edit, QStringLiteral("OnDblClick")));
+    EXPECT_EQ(log, (QStringList{QStringLiteral("doc:1"), QStringLiteral("EditObra")}));
+}
+
 CO_ON_BOTH_BACKENDS(RecordRoutines);
 
 } // namespace
