@@ -113,8 +113,8 @@ TEST_P(RecordRoutines, MultipleDeleteAsksTwiceAndDeletesTheActiveRecordsOnly) {
     messages_.answer(QStringLiteral("SI"));
     EliminacionMultiple(*table_, sesion_->mensajes());
     EXPECT_EQ(messages_.texts(), (QStringList{kAviso1, kAviso2})) << "the last delete ends quietly";
-    EXPECT_EQ(ok(QStringLiteral("SELECT Codigo FROM INCIDENC ORDER BY Codigo")).trimmed(),
-              QStringLiteral("2\n4"));
+    EXPECT_EQ(consulta(QStringLiteral("SELECT Codigo FROM INCIDENC ORDER BY Codigo")),
+              (QStringList{QStringLiteral("2"), QStringLiteral("4")}));
 }
 
 TEST_P(RecordRoutines, MultipleDeleteStopsAtARefusedDelete) {
@@ -129,8 +129,8 @@ TEST_P(RecordRoutines, MultipleDeleteStopsAtARefusedDelete) {
     messages_.answer(QStringLiteral("SI"));
     EliminacionMultiple(*table_, sesion_->mensajes());
     EXPECT_EQ(messages_.texts().value(2), QStringLiteral("¡Imposible eliminar el registro!"));
-    EXPECT_EQ(ok(QStringLiteral("SELECT Codigo FROM INCIDENC ORDER BY Codigo")).trimmed(),
-              QStringLiteral("2\n3"));
+    EXPECT_EQ(consulta(QStringLiteral("SELECT Codigo FROM INCIDENC ORDER BY Codigo")),
+              (QStringList{QStringLiteral("2"), QStringLiteral("3")}));
 }
 
 TEST_P(RecordRoutines, AssociatedDataOfTheRecordGoesAndOthersStay) {

@@ -97,6 +97,11 @@ protected:
         return ProcesarTeclaForm(form, *rutinas_, Tecla{key, mods});
     }
 
+    // The rows of a statement's result, one text per row.
+    QStringList consulta(const QString &sql) {
+        return ok(sql).remove(u'\r').split(u'\n', Qt::SkipEmptyParts);
+    }
+
     qlonglong filas(const QString &tabla) {
         return ok(QStringLiteral("SELECT COUNT(*) FROM ") + tabla).trimmed().toLongLong();
     }
