@@ -109,6 +109,15 @@ void ManejadoresEstandar(Form &form, RutinasFormulario &rutinas, FamiliaFormular
         if (Dataset *ds = principal(form))
             ds->Cancel();
     });
+    if (familia == FamiliaFormulario::MaestroRejilla)
+        siNoHay(form, QStringLiteral("Table1BeforeEdit"), [&form, &m](Component *) {
+            auto *grid = form.Find<DBGrid>(QStringLiteral("DBGrid1"));
+            Field *f = grid ? grid->SelectedField() : nullptr;
+            if (f && grid->DataSet()->IndexFields().contains(f->FieldName(), Qt::CaseInsensitive)) {
+                m.MensajeA(QStringLiteral("¡ No se puede modificar la clave del registro !"));
+                Abort();
+            }
+        });
     siNoHay(form, QStringLiteral("DataSource1StateChange"), [&form](Component *) {
         Dataset *ds = principal(form);
         ConmutarBotones(form, ds && ds->IsPending());

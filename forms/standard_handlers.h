@@ -12,6 +12,8 @@
 // - Post from Edit failing: "¡ Imposible modificar el registro. Es posible que
 //   esté siendo modificado por otro usuario. !"; from Insert: "¡ Este registro
 //   ya existe !"; both cancel. After an insert the next new record starts.
+// - Grid masters: editing with a key column selected gives "¡ No se puede
+//   modificar la clave del registro !" and aborts (`Table1BeforeEdit`).
 // - The switch enables `pbConforme`, `pbCancelar`, `CancelarEdicion1` while
 //   pending and the browsing items otherwise.
 

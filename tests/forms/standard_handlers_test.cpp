@@ -78,6 +78,20 @@ TEST_P(StandardHandlers, DeleteAsksAndOnlyInBrowse) {
     EXPECT_TRUE(messages_.texts().isEmpty()) << "nothing to delete";
 }
 
+TEST_P(StandardHandlers, GridKeyColumnsCannotBeEdited) {
+    incidencia(1, QStringLiteral("A"));
+    table_->Refresh();
+    table_->First();
+    grid_->SelectedIndex = 0;
+    EXPECT_FALSE(rutinas_->Ejecutar([&] { table_->Edit(); }));
+    EXPECT_EQ(messages_.texts(),
+              QStringList{QStringLiteral("¡ No se puede modificar la clave del registro !")});
+    EXPECT_EQ(table_->State(), DatasetState::Browse);
+    grid_->SelectedIndex = 1;
+    EXPECT_TRUE(rutinas_->Ejecutar([&] { table_->Edit(); }));
+    EXPECT_EQ(table_->State(), DatasetState::Edit);
+}
+
 CO_ON_BOTH_BACKENDS(StandardHandlers);
 
 } // namespace
