@@ -5,6 +5,7 @@
 //                         [--opciones WORDS] "STATEMENT"      (or --archivo FILE, one per line)
 //   control-obras-cli programas --dir DIR [U=CODE | --usuario CODE] [--empresa N]
 //   control-obras-cli diccionario --dir DIR [--idioma Ingles] [--archivo FILE]
+//   control-obras-cli listado-tarifas --dir DIR --pdf FILE [U=CODE] [--empresa N]
 //
 // Commands after init log in as the desktop program does; the password comes
 // from CONTROL_OBRAS_CLAVE or is asked on the terminal. Without a user the
@@ -17,8 +18,10 @@
 #include "core/rights.h"
 #include "core/startup.h"
 #include "core/text_utils.h"
+#include "reports/listing_environment.h"
+#include "reports/rate_listing.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QDir>
 #include <QFile>
 #include <QTextStream>
@@ -54,7 +57,8 @@ int usage() {
                       "[--conexion PALABRA] [--opciones PALABRAS] \"SENTENCIA\"\n"
                       "  control-obras-cli sql --dir CARPETA [...] --archivo ARCHIVO\n"
                       "  control-obras-cli programas --dir CARPETA [U=USUARIO | --usuario USUARIO] [--empresa N]\n"
-                      "  control-obras-cli diccionario --dir CARPETA [--idioma Ingles] [--archivo ARCHIVO]\n"));
+                      "  control-obras-cli diccionario --dir CARPETA [--idioma Ingles] [--archivo ARCHIVO]\n"
+                      "  control-obras-cli listado-tarifas --dir CARPETA --pdf ARCHIVO [U=USUARIO] [--empresa N]\n"));
     return 2;
 }
 
@@ -241,11 +245,31 @@ int diccionario(const Arguments &a) {
     return 0;
 }
 
+// The rate listing, all rates and units, written to a PDF file.
+int listadoTarifas(const Arguments &a) {
+    const qsizetype pdf = a.positional.indexOf(QStringLiteral("--pdf"));
+    if (pdf < 0 || pdf + 1 >= a.positional.size() || a.positional.size() != 2)
+        return usage();
+    co::cli::CliMessages port;
+    const std::unique_ptr<co::Aplicacion> app = entrar(a, port);
+    if (!app)
+        return 1;
+    co::TfOBQRLTAR report(app->datos(), co::ParametrosListadoTarifas{}, co::EntornoListado(*app));
+    return co::ImprimirReport(report, QStringLiteral("PDF:") + a.positional.at(pdf + 1)) ? 0 : 1;
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
-    QCoreApplication app(argc, argv);
-    const std::optional<Arguments> args = parse(app.arguments());
+    // Fonts for the PDF listings need a GUI application (offscreen, no display);
+    // the other commands stay plain console programs.
+    const bool listado = argc > 1 && qstrcmp(argv[1], "listado-tarifas") == 0;
+    if (listado && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const std::unique_ptr<QCoreApplication> app = listado
+                                                      ? std::make_unique<QGuiApplication>(argc, argv)
+                                                      : std::make_unique<QCoreApplication>(argc, argv);
+    const std::optional<Arguments> args = parse(app->arguments());
     if (!args)
         return usage();
     if (args->command == u"init")
@@ -256,5 +280,7 @@ int main(int argc, char **argv) {
         return programas(*args);
     if (args->command == u"diccionario")
         return diccionario(*args);
+    if (args->command == u"listado-tarifas")
+        return listadoTarifas(*args);
     return usage();
 }

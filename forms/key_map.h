@@ -13,9 +13,11 @@
 #include <Qt>
 
 namespace co::forms {
-
 class Form;
 class RutinasFormulario;
+} // namespace co::forms
+
+namespace co {
 
 struct Tecla {
     int key = 0;
@@ -26,10 +28,10 @@ struct Tecla {
 
 // True when the form consumed the key. The form's focused control and selected
 // grid column say where the key was pressed.
-bool ProcesarTeclaForm(Form &form, RutinasFormulario &rutinas, const Tecla &tecla);
+bool ProcesarTeclaForm(forms::Form &form, forms::RutinasFormulario &rutinas, const Tecla &tecla);
 
 // The character to give to the widget (the keypad's point becomes "," or ":" in
 // number and hour fields); a null QChar when the form consumed it.
-QChar ProcesarCaracterForm(Form &form, QChar caracter, const Tecla &tecla);
+QChar ProcesarCaracterForm(forms::Form &form, QChar caracter, const Tecla &tecla);
 
-} // namespace co::forms
+} // namespace co

@@ -12,6 +12,7 @@
 #include "core/database.h"
 #include "forms/dataset.h"
 #include "forms/form.h"
+#include "forms/form_windows.h"
 
 #include <functional>
 
@@ -47,9 +48,18 @@ public:
     std::function<void(Dataset &)> ResponsabilidadDocumental;
     std::function<bool(Table &)> EliminarDatosAsociados;
 
+    // Windows of later parts opened by the key map.
+    VentanasFormulario Ventanas;
+
     // Settings read from the general parameters and the configuration.
     QString SolicitarCamposUsuario = QStringLiteral("NO");
     bool ResponsabilidadDocumentalActivada = false;
+    bool ModoAdministrador = false;       // `ModoAdministradorActivado`
+    bool RegistroAccesosActivado = false; // `RegistroAccesosActivado`
+    bool MensajeriaInterna = false;       // internal messaging enabled
+    bool DerechosUsuarioActivos = false;  // user rights are checked
+
+    TModuloDatos &Datos() const { return datos_; }
 
     void DespuesGrabarRegistro(Dataset &dataset);
     // Raises the silent abort when the associated data could not be removed.

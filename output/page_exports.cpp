@@ -40,6 +40,10 @@ QList<ExportRow> FilasDePagina(const ReportPage &page) {
     return rows;
 }
 
+bool FilaExportable(const ExportRow &row, int page) {
+    return row.band != BandType::PageFooter && (row.band != BandType::PageHeader || page == 1);
+}
+
 bool RowExportSink::addPage(ReportPage &&page, QString *motivo) {
     if (!out_) {
         if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text)) {
@@ -95,7 +99,7 @@ void TextExportSink::writeRow(QTextStream &out, const ExportRow &row, int) {
 }
 
 void CsvExportSink::writeRow(QTextStream &out, const ExportRow &row, int page) {
-    if (row.band == BandType::PageFooter || (row.band == BandType::PageHeader && page > 1))
+    if (!FilaExportable(row, page))
         return;
     QStringList fields;
     for (const ExportCell &c : row.cells)

@@ -32,6 +32,9 @@ struct ExportRow {
 
 // The rows of a page, top to bottom.
 QList<ExportRow> FilasDePagina(const ReportPage &page);
+// Whether a data export (CSV, spreadsheet) keeps a row: the page header only
+// on the first page, never the page footer.
+bool FilaExportable(const ExportRow &row, int page);
 
 class RowExportSink : public PageSink {
 public:

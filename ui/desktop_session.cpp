@@ -3,6 +3,7 @@
 
 #include "core/rights.h"
 #include "core/users.h"
+#include "ui/listing_screens.h"
 
 #include <QAction>
 #include <QApplication>
@@ -31,6 +32,7 @@ bool DesktopSession::Arrancar() {
     });
     dialogs_.setParent(ventana_.get());
     RegistrarPantallas(*ventana_, *aplicacion_);
+    RegistrarListados(*ventana_, *aplicacion_);
     if (Translator *traductor = aplicacion_->traductor())
         for (QAction *a : ventana_->findChildren<QAction *>())
             if (!a->text().isEmpty())

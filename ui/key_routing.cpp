@@ -3,11 +3,11 @@
 namespace co::ui {
 
 bool EnviarTeclaAlFormulario(forms::Form &form, forms::RutinasFormulario &rutinas, const Tecla &tecla) {
-    return forms::ProcesarTeclaForm(form, rutinas, tecla);
+    return ProcesarTeclaForm(form, rutinas, tecla);
 }
 
 QChar EnviarCaracterAlFormulario(forms::Form &form, QChar caracter, const Tecla &tecla) {
-    return forms::ProcesarCaracterForm(form, caracter, tecla);
+    return ProcesarCaracterForm(form, caracter, tecla);
 }
 
 } // namespace co::ui

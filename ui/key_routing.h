@@ -7,7 +7,7 @@
 
 namespace co::ui {
 
-using forms::Tecla;
+using co::Tecla;
 
 bool EnviarTeclaAlFormulario(forms::Form &form, forms::RutinasFormulario &rutinas, const Tecla &tecla);
 QChar EnviarCaracterAlFormulario(forms::Form &form, QChar caracter, const Tecla &tecla);

@@ -1,0 +1,40 @@
+#pragma once
+// The windows the key map and the shared routines open that belong to other
+// parts of the framework (search, viewers, grid layout, calculator, printed
+// forms, attachments). Each is a hook the view or later work sets; a hook not
+// set is skipped, so a key whose window is missing does nothing.
+
+#include "core/access_history.h"
+
+#include <QString>
+#include <functional>
+#include <optional>
+
+namespace co::forms {
+
+class Component;
+class Dataset;
+class DBGrid;
+
+struct VentanasFormulario {
+    std::function<void(Dataset &)> VisorCampos;          // Ctrl+Z
+    std::function<void(DBGrid &)> ConfigurarRejilla;     // Ctrl+G
+    std::function<void(Component &)> DialogoFuente;      // Ctrl+L
+    std::function<void(Component &)> BusquedaAsociacion; // F2 and double click on a plain edit
+    // The pop-up calculator on a value; nullopt when cancelled.
+    std::function<std::optional<double>(double)> Calculadora;
+    // The search window on a table; the chosen key, empty when cancelled.
+    std::function<QString(const QString &tabla)> BuscarEnTabla;
+    // The template form on a coded text of kind "Plantilla"; the text it made.
+    std::function<QString(const QString &codigo, const QString &texto)> Plantilla;
+    // `fGENEIMPR` in mode "Contexto" on a printed form code.
+    std::function<void(const QString &codigo)> ConfiguracionImpresos;
+    std::function<void(const HistorialAccesos &)> VisorHistorial; // Ctrl+A
+    std::function<void()> Mensajeria;                             // Ctrl+M
+    // True while the attachment window `fGENEDOCE` is open, so it follows the record.
+    std::function<bool()> DocumentosAbiertos;
+    // The control under the mouse, for F8; the focused control when not set.
+    std::function<Component *()> ControlBajoRaton;
+};
+
+} // namespace co::forms
