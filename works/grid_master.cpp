@@ -36,6 +36,11 @@ MaestroRejilla::MaestroRejilla(TModuloDatos &datos, DeclaracionMaestro declaraci
     declarar();
 }
 
+MaestroRejilla::~MaestroRejilla() {
+    for (forms::Dataset *d : Datasets())
+        d->Close();
+}
+
 Messenger &MaestroRejilla::Mensajes() const {
     return datos_.sesion().mensajes();
 }

@@ -35,6 +35,8 @@ QStringList ElementosMenuFicha();
 class MaestroRejilla : public forms::Form {
 public:
     MaestroRejilla(TModuloDatos &datos, DeclaracionMaestro declaracion);
+    // Closes the tables while the screen's handlers can still run.
+    ~MaestroRejilla() override;
 
     TModuloDatos &Datos() const { return datos_; }
     forms::RutinasFormulario &Rutinas() { return rutinas_; }

@@ -7,6 +7,7 @@
 #include "core/table_creation.h"
 #include "core/table_opening.h"
 #include "forms/form.h"
+#include "forms/table.h"
 #include "forms/maintenance_routines.h"
 
 #include <QStringList>
