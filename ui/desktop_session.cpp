@@ -5,7 +5,12 @@
 #include "core/users.h"
 #include "ui/listing_screens.h"
 
+#include "core/activity_log.h"
+
 #include <QAction>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QSysInfo>
 #include <QApplication>
 #include <QDateTime>
 #include <QEvent>
@@ -27,9 +32,12 @@ bool DesktopSession::Arrancar() {
         return false;
     TModuloDatos &datos = aplicacion_->datos();
     Messenger &mensajes = aplicacion_->sesion().mensajes();
-    ventana_ = std::make_unique<TfOBRAMENU>(mensajes, [this, &datos](const QString &programa) {
-        return UsuarioAccedePrograma(datos, aplicacion_->sesion().CodigoUsuario, programa);
-    });
+    ventana_ = std::make_unique<TfOBRAMENU>(
+        mensajes,
+        [this, &datos](const QString &programa) {
+            return UsuarioAccedePrograma(datos, aplicacion_->sesion().CodigoUsuario, programa);
+        },
+        [this](const QString &ventana, const QString &accion) { registrarActividad(ventana, accion); });
     dialogs_.setParent(ventana_.get());
     RegistrarPantallas(*ventana_, *aplicacion_);
     RegistrarListados(*ventana_, *aplicacion_);
@@ -68,6 +76,20 @@ bool DesktopSession::Arrancar() {
         inactividad_.start(15000);
     }
     return true;
+}
+
+void DesktopSession::registrarActividad(const QString &ventana, const QString &accion) {
+    ActivityLogContext contexto;
+    contexto.enabled = aplicacion_->configuracion().MonitorizarActividadUsuario;
+    contexto.folder = aplicacion_->sesion().PathBaseDatosGeneral;
+    contexto.user = NombreUsuarioSistema();
+    contexto.machineName = QSysInfo::machineHostName();
+    contexto.now = QDateTime::currentDateTime();
+    QString titulo;
+    for (QMdiSubWindow *w : ventana_->mdi()->subWindowList())
+        if (w->objectName() == ventana)
+            titulo = w->windowTitle();
+    RegistrarActividad(contexto, ventana, titulo, accion);
 }
 
 void DesktopSession::aplicarParametrosObra() {

@@ -31,6 +31,8 @@ protected:
 
 private:
     void aplicarParametrosObra();
+    // The user's activity log, when the INI file asks for it.
+    void registrarActividad(const QString &ventana, const QString &accion);
     void comprobarInactividad();
 
     DialogMessages dialogs_;

@@ -29,6 +29,13 @@ TfOBRAMENU::TfOBRAMENU(Messenger &mensajes, MenuPrincipal::Derechos derechos, Me
     connect(mdi_, &QMdiArea::subWindowActivated, this, [this] { actualizarAyuda(); });
 }
 
+TfOBRAMENU::~TfOBRAMENU() {
+    // The work windows close after this object is gone: nothing may call back.
+    mdi_->disconnect(this);
+    for (QMdiSubWindow *w : mdi_->subWindowList())
+        w->disconnect(this);
+}
+
 void TfOBRAMENU::MostrarEmpresa(const QString &abreviatura) {
     setWindowTitle(NombrePrograma() + QStringLiteral(": ") + abreviatura);
 }

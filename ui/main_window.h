@@ -22,6 +22,7 @@ public:
 
     TfOBRAMENU(Messenger &mensajes, MenuPrincipal::Derechos derechos, MenuPrincipal::Actividad actividad = {},
                QWidget *parent = nullptr);
+    ~TfOBRAMENU() override;
 
     static QString NombrePrograma() { return QStringLiteral("Control de Obras"); }
 

@@ -12,6 +12,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QLabel>
+#include <QFile>
 #include <gtest/gtest.h>
 
 namespace co::ui {
@@ -130,6 +131,26 @@ TEST_P(DesktopStart, LanguageOfTheCommandLineTranslatesTheMenu) {
     DesktopSession spanish(opciones(QStringLiteral("ADMIN")), &port_);
     ASSERT_TRUE(spanish.Arrancar());
     EXPECT_EQ(spanish.ventana()->accion(QStringLiteral("MaestrodeObras1"))->text(), QStringLiteral("Maestro de Obras"));
+}
+
+} // namespace
+} // namespace co::ui
+
+namespace co::ui {
+namespace {
+
+TEST_P(DesktopStart, ActivityIsLoggedWhenTheIniFileAsksForIt) {
+    QFile ini(dir_.filePath(QStringLiteral("NAROWIN.INI")));
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+    ini.write("[Configuración]\nMonitorizarActividadUsuario=SI\n");
+    ini.close();
+    DesktopSession session(opciones(QStringLiteral("ADMIN")), &port_);
+    ASSERT_TRUE(session.Arrancar());
+    session.ventana()->accion(QStringLiteral("MaestrodeUnidades1"))->trigger();
+    QFile log(dir_.filePath(NombreUsuarioSistema() + QStringLiteral(".log")));
+    ASSERT_TRUE(log.open(QIODevice::ReadOnly)) << log.fileName().toStdString();
+    const QString text = QString::fromUtf8(log.readAll());
+    EXPECT_TRUE(text.contains(QStringLiteral(", Create, fOBRAUNID, "))) << text.toStdString();
 }
 
 } // namespace
