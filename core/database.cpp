@@ -89,6 +89,26 @@ bool TModuloDatos::exec(const QSqlDatabase &db, QSqlQuery &query, const QString 
     return false;
 }
 
+bool TModuloDatos::execCreating(const QSqlDatabase &db, QSqlQuery &query, const QString &sql,
+                                const QString &crearDesde, const QString &conexion, QString *why) {
+    auto run = [&] {
+        query = QSqlQuery(db);
+        query.setForwardOnly(true);
+        query.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
+        return exec(db, query, sql);
+    };
+    if (run())
+        return true;
+    *why = failureText(sesion_.backend(), query.lastError());
+    // A missing table is made from its definition and the statement tried once more.
+    if (crearDesde.isEmpty() || !EsTablaInexistente(*why) || !CrearTablasSentencia(crearDesde, conexion))
+        return false;
+    if (run())
+        return true;
+    *why = failureText(sesion_.backend(), query.lastError());
+    return false;
+}
+
 void TModuloDatos::reportFailure(const QString &warning, const QString &caption, const QString &sql) {
     sesion_.mensajes().MensajeA(warning);
     sesion_.mensajes().MensajePlano(caption + sql);
@@ -123,31 +143,17 @@ QString TModuloDatos::run(const QString &sql, const QString &conexion, const QSt
     const QString adapted = AdaptarSentencia(texto, sesion_.backend());
 
     QSqlQuery query(*db);
-    query.setForwardOnly(true);
-    query.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
-    if (!exec(*db, query, adapted)) {
-        QString why = failureText(sesion_.backend(), query.lastError());
-        const bool crear = principal && !TieneOpcion(opciones, QStringLiteral("No Crear Tabla")) &&
-                           verbo != u"EXEC" && EsTablaInexistente(why);
-        bool ok = false;
-        if (crear && CrearTablasSentencia(texto, conexion)) {
-            query = QSqlQuery(*db);
-            query.setForwardOnly(true);
-            query.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
-            ok = exec(*db, query, adapted);
-            if (!ok)
-                why = failureText(sesion_.backend(), query.lastError());
-        }
-        if (!ok)
-            return fallo(kNoEsPosible, why, kHayError);
-    }
+    const bool crear = principal && !TieneOpcion(opciones, QStringLiteral("No Crear Tabla")) && verbo != u"EXEC";
+    QString why;
+    if (!execCreating(*db, query, adapted, crear ? texto : QString(), conexion, &why))
+        return fallo(kNoEsPosible, why, kHayError);
 
     const bool leeFilas = principal ? (esSelect || verbo == u"EXEC") : esSelect;
     if (!leeFilas || !query.isSelect())
         return {};
     ResultOptions options = ResultOptions::fromWords(opciones);
     options.skipRowguid = principal;
-    QString result, why;
+    QString result;
     if (!LeerResultado(sesion_.backend(), query, columnsOf(query, texto), options, &result, &why))
         return fallo(principal ? kErrorLectura : kErrorLecturaADO, why, QStringLiteral("SentenciaSQL:\r\n"));
     return result;
@@ -207,22 +213,9 @@ bool TModuloDatos::openQuery(Consulta &consulta, const QString &opciones, Canal 
         return fallo(motivo);
     const QString adapted = AdaptarSentencia(consulta.SQL, sesion_.backend());
     QSqlQuery query(*db);
-    query.setForwardOnly(true);
-    query.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
-    if (!exec(*db, query, adapted)) {
-        QString why = failureText(sesion_.backend(), query.lastError());
-        bool ok = false;
-        if (canal == Canal::Principal && EsTablaInexistente(why) && CrearTablasSentencia(consulta.SQL, conexion)) {
-            query = QSqlQuery(*db);
-            query.setForwardOnly(true);
-            query.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
-            ok = exec(*db, query, adapted);
-            if (!ok)
-                why = failureText(sesion_.backend(), query.lastError());
-        }
-        if (!ok)
-            return fallo(why);
-    }
+    QString why;
+    if (!execCreating(*db, query, adapted, canal == Canal::Principal ? consulta.SQL : QString(), conexion, &why))
+        return fallo(why);
     QList<ResultColumn> columns;
     QList<QVariantList> rows;
     if (open && query.isSelect()) {

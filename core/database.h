@@ -100,6 +100,10 @@ private:
     QStringList keyOf(const RecordView &tabla);
     QString connectionOf(const RecordView &tabla) const;
     bool exec(const QSqlDatabase &db, QSqlQuery &query, const QString &sql);
+    // Runs `sql` on a fresh forward-only query; on a missing table, and when
+    // `crearDesde` is not empty, makes the tables of `crearDesde` and runs it again.
+    bool execCreating(const QSqlDatabase &db, QSqlQuery &query, const QString &sql, const QString &crearDesde,
+                      const QString &conexion, QString *why);
     void reportFailure(const QString &warning, const QString &statementCaption, const QString &sql);
 
     TfGENEINIC &sesion_;
