@@ -48,4 +48,12 @@ struct FailureHooks {
 void MostrarFallo(const FailureDecision &decision, Messenger &mensajes,
                   const FailureHooks &hooks = {});
 
+// `RegistrarIncidencia`: this program keeps no incidents at any capture level
+// ("Ninguno", "Minimo", "Maximo"); the table `INCAPLIC` is for other programs
+// of the suite. Kept so that callers state where an incident would be noted.
+inline void RegistrarIncidencia(const QString &titulo, const QString &texto) {
+    Q_UNUSED(titulo);
+    Q_UNUSED(texto);
+}
+
 } // namespace co

@@ -1,5 +1,6 @@
 #include "core/table_opening.h"
 
+#include "core/failure_handler.h"
 #include "core/ini_configuration.h"
 #include "core/ini_file.h"
 #include "core/sql_text.h"
@@ -55,10 +56,18 @@ bool AperturaTablas::abrir(TablaAbrible &tabla, Origen origen) {
         QString reintento;
         if (tabla.Open(&reintento))
             return true;
-        // The incident log of this program keeps nothing; the creation has told
-        // the failure in its own words.
+        RegistrarIncidencia(QStringLiteral("Al crear la tabla entrando en ") + tabla.OwnerName() +
+                                (origen == Origen::AperturaTablaOK ? QStringLiteral(" (AperturaTablaOK)")
+                                                                   : QStringLiteral(" (AbrirTablasForm)")),
+                            reintento + QStringLiteral("\r\nTabla: ") + tabla.TableName() + u'(' +
+                                tabla.ComponentName() + u')' + QStringLiteral(" DataBase: ") + conexion);
         return false;
     }
+    RegistrarIncidencia(QStringLiteral("Al entrar en ") + tabla.OwnerName() +
+                            (origen == Origen::AperturaTablaOK ? QStringLiteral(" (AperturaTablaOK)")
+                                                               : QStringLiteral(" (AbrirTablasForm)")),
+                        fallo + QStringLiteral("\r\nTabla: ") + tabla.TableName() + u'(' + tabla.ComponentName() + u')' +
+                            QStringLiteral(" DataBase: ") + conexion);
     sesion.mensajes().MensajeA(QStringLiteral("TRADUCIR: ") + fallo + QStringLiteral(" Tabla: ") + tabla.TableName() +
                                u'(' + tabla.ComponentName() + u')' + QStringLiteral(" DataBase: ") + conexion);
     ComprobarReconstruccion(tabla.TableName(), fallo);

@@ -24,7 +24,8 @@ TfGENEMENS::TfGENEMENS(QChar kind, const QString &text, const QString &value, QW
     : QDialog(parent), kind_(kind), value_(value) {
     setObjectName(QStringLiteral("fGENEMENS"));
     setWindowTitle(titleOf(kind));
-    setMinimumWidth(404);
+    // The typed window's fixed size; the prompt needs room for its edit box.
+    resize(404, kind == u'P' ? 195 : 158);
     auto *layout = new QVBoxLayout(this);
     auto *label = new QLabel(text, this);
     label->setObjectName(QStringLiteral("Mensaje"));
