@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QCloseEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -16,8 +17,8 @@ namespace co::ui {
 TfOBRAMENU::TfOBRAMENU(Messenger &mensajes, MenuPrincipal::Derechos derechos, MenuPrincipal::Actividad actividad,
                        QWidget *parent)
     : QMainWindow(parent), mensajes_(mensajes),
-      menu_(*this, std::move(derechos), [this](const QString &t) { mensajes_.MensajeA(t); }, std::move(actividad)),
-      mdi_(new QMdiArea(this)) {
+      menu_(*this, std::move(derechos), [this](const QString &t) { mensajes_.MensajeA(t); }, actividad),
+      mdi_(new QMdiArea(this)), actividad_(std::move(actividad)) {
     setObjectName(QStringLiteral("fOBRAMENU"));
     setWindowTitle(NombrePrograma());
     mdi_->setObjectName(QStringLiteral("AreaMDI"));
@@ -34,6 +35,20 @@ TfOBRAMENU::~TfOBRAMENU() {
     mdi_->disconnect(this);
     for (QMdiSubWindow *w : mdi_->subWindowList())
         w->disconnect(this);
+}
+
+void TfOBRAMENU::closeEvent(QCloseEvent *event) {
+    for (QMdiSubWindow *w : mdi_->subWindowList(QMdiArea::CreationOrder)) {
+        const QString nombre = w->objectName();
+        if (actividad_ && (!nombre.startsWith(QStringLiteral("fGE")) || nombre == u"fGENEGANA"))
+            actividad_(nombre, QStringLiteral("Close"));
+    }
+    mdi_->closeAllSubWindows();
+    if (!mdi_->subWindowList().isEmpty()) {
+        event->ignore();
+        return;
+    }
+    event->accept();
 }
 
 void TfOBRAMENU::MostrarEmpresa(const QString &abreviatura) {

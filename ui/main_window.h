@@ -44,6 +44,12 @@ public:
     void restaurar(const QString &nombre) override;
     void mostrar(const QString &nombre) override;
 
+protected:
+    // The close of the program: "Close" is logged for the work windows, and each
+    // of them closes through its own close query (pending records are asked
+    // about there); one that refuses keeps the program open.
+    void closeEvent(QCloseEvent *event) override;
+
 private:
     void construirMenu();
     void construirAyuda(QMenu *ayuda);
@@ -55,6 +61,7 @@ private:
     QHash<QString, Fabrica> fabricas_;
     QHash<QString, QAction *> acciones_;
     std::function<void()> cambioEmpresa_;
+    MenuPrincipal::Actividad actividad_;
 };
 
 } // namespace co::ui

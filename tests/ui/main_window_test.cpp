@@ -12,6 +12,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QLabel>
+#include <QCloseEvent>
 #include <QFile>
 #include <gtest/gtest.h>
 
@@ -151,6 +152,52 @@ TEST_P(DesktopStart, ActivityIsLoggedWhenTheIniFileAsksForIt) {
     ASSERT_TRUE(log.open(QIODevice::ReadOnly)) << log.fileName().toStdString();
     const QString text = QString::fromUtf8(log.readAll());
     EXPECT_TRUE(text.contains(QStringLiteral(", Create, fOBRAUNID, "))) << text.toStdString();
+}
+
+} // namespace
+} // namespace co::ui
+
+namespace co::ui {
+namespace {
+
+// A work window that refuses to close while it holds a pending record.
+class PendingScreen : public QLabel {
+public:
+    explicit PendingScreen(bool *pendiente) : QLabel(QStringLiteral("Pendiente")), pendiente_(pendiente) {}
+    void closeEvent(QCloseEvent *e) override {
+        if (*pendiente_)
+            e->ignore();
+        else
+            e->accept();
+    }
+
+private:
+    bool *pendiente_;
+};
+
+TEST(MainWindowClose, WorkWindowsCloseFirstAndAreLogged) {
+    ScriptedMessages port;
+    Messenger mensajes(&port);
+    QStringList actividad;
+    bool pendiente = true;
+    TfOBRAMENU window(
+        mensajes, [](const QString &) { return true; },
+        [&](const QString &v, const QString &a) { actividad << a + u' ' + v; });
+    window.RegistrarPantalla(QStringLiteral("fOBRAUNID"), [&](QWidget *) { return new PendingScreen(&pendiente); });
+    window.RegistrarPantalla(QStringLiteral("fGENEPARA"), [](QWidget *) { return new QLabel(QStringLiteral("Globales")); });
+    window.show();
+    window.accion(QStringLiteral("MaestrodeUnidades1"))->trigger();
+    window.accion(QStringLiteral("Globales1"))->trigger();
+    ASSERT_EQ(window.mdi()->subWindowList().size(), 2);
+    // The pending screen refuses: the program stays open with it.
+    EXPECT_FALSE(window.close());
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(window.mdi()->subWindowList().size(), 1);
+    EXPECT_TRUE(actividad.contains(QStringLiteral("Close fOBRAUNID")));
+    EXPECT_FALSE(actividad.contains(QStringLiteral("Close fGENEPARA")));
+    pendiente = false;
+    EXPECT_TRUE(window.close());
+    EXPECT_TRUE(window.mdi()->subWindowList().isEmpty());
 }
 
 } // namespace
