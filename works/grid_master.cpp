@@ -216,7 +216,10 @@ void MaestroRejilla::cambioEstado() {
 }
 
 void MaestroRejilla::OcultarPreciosVenta() {
-    if (ParametroGeneral(datos_, QStringLiteral("AdmPorPorcentajes")) != kSi)
+    // A works parameter: with only percentages in use no sale price is kept.
+    const QString soloPorcentajes = datos_.EjecutarSQL(
+        QStringLiteral("SELECT AdmPorPorcentajes FROM PARAOBRA WHERE IdRegistro = 1"), {}, QStringLiteral("Silenciosa"));
+    if (soloPorcentajes != kSi)
         return;
     for (GridColumn &c : grid1_->Columns)
         if (c.FieldName.startsWith(QStringLiteral("PrecioVenta"), Qt::CaseInsensitive))
