@@ -3,6 +3,7 @@
 #include <QDate>
 #include <QDateTime>
 #include <QRegularExpression>
+#include <functional>
 
 namespace co {
 
@@ -29,12 +30,12 @@ QString qtDateFormat(const QString &formato) {
     return f;
 }
 
-// Marks " = ''" and " <> ''" where '' is a whole empty literal in the code, never
-// inside a literal nor at the start of one that holds a quote.
-QString markEmptyComparisons(const QString &sql) {
-    static const QString eq = QStringLiteral(" = ''"), ne = QStringLiteral(" <> ''");
+// Walks a statement and offers each position outside its literals to
+// `replace`, which appends its replacement and returns how many characters it
+// consumed (0: none). Literals, with their doubled quotes, are copied as they are.
+QString rewriteOutsideLiterals(const QString &sql, const std::function<int(int, QString &)> &replace) {
     QString out;
-    out.reserve(sql.size());
+    out.reserve(sql.size() + 16);
     bool inQuote = false;
     const int n = sql.size();
     for (int i = 0; i < n;) {
@@ -52,25 +53,34 @@ QString markEmptyComparisons(const QString &sql) {
             ++i;
             continue;
         }
-        bool marked = false;
-        for (const auto &[from, to] :
-             {std::pair{eq, QStringLiteral(" = $$")}, std::pair{ne, QStringLiteral(" <> $$")}}) {
-            const int end = i + from.size();
-            if (QStringView(sql).mid(i).startsWith(from) && (end >= n || sql.at(end) != u'\'')) {
-                out += to;
-                i = end;
-                marked = true;
-                break;
-            }
-        }
-        if (marked)
+        if (const int used = replace(i, out)) {
+            i += used;
             continue;
+        }
         if (c == u'\'')
             inQuote = true;
         out += c;
         ++i;
     }
     return out;
+}
+
+// Marks " = ''" and " <> ''" where '' is a whole empty literal in the code, never
+// inside a literal nor at the start of one that holds a quote.
+QString markEmptyComparisons(const QString &sql) {
+    static const QString eq = QStringLiteral(" = ''"), ne = QStringLiteral(" <> ''");
+    const int n = sql.size();
+    return rewriteOutsideLiterals(sql, [&](int i, QString &out) {
+        for (const auto &[from, to] :
+             {std::pair{eq, QStringLiteral(" = $$")}, std::pair{ne, QStringLiteral(" <> $$")}}) {
+            const int end = i + from.size();
+            if (QStringView(sql).mid(i).startsWith(from) && (end >= n || sql.at(end) != u'\'')) {
+                out += to;
+                return static_cast<int>(from.size());
+            }
+        }
+        return 0;
+    });
 }
 
 } // namespace
@@ -153,25 +163,7 @@ QString ReescribirIgualNull(const QString &sql, bool forzar) {
     QList<Rule> rules = {{QStringLiteral("=NULL"), true}, {QStringLiteral("= NULL"), true}};
     if (forzar)
         rules += {{QStringLiteral(" = ''"), false}, {QStringLiteral(" = \"\""), false}};
-    QString out;
-    out.reserve(sql.size() + 16);
-    bool inQuote = false;
-    for (int i = 0; i < sql.size();) {
-        const QChar c = sql.at(i);
-        if (inQuote) {
-            out += c;
-            if (c == u'\'') {
-                if (i + 1 < sql.size() && sql.at(i + 1) == u'\'') {
-                    out += u'\'';
-                    i += 2;
-                    continue;
-                }
-                inQuote = false;
-            }
-            ++i;
-            continue;
-        }
-        bool replaced = false;
+    return rewriteOutsideLiterals(sql, [&](int i, QString &out) {
         for (const Rule &r : rules) {
             if (!QStringView(sql).mid(i).startsWith(r.from))
                 continue;
@@ -181,18 +173,10 @@ QString ReescribirIgualNull(const QString &sql, bool forzar) {
             if (!r.needsWordEnd && r.from.endsWith(u'\'') && end < sql.size() && sql.at(end) == u'\'')
                 continue; // "= '''x'" is a literal starting with a quote, not an empty one
             out += QStringLiteral(" IS NULL ");
-            i = end;
-            replaced = true;
-            break;
+            return static_cast<int>(r.from.size());
         }
-        if (replaced)
-            continue;
-        if (c == u'\'')
-            inQuote = true;
-        out += c;
-        ++i;
-    }
-    return out;
+        return 0;
+    });
 }
 
 QString Entrecomillar(const QString &texto) {
