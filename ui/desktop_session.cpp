@@ -39,7 +39,11 @@ bool DesktopSession::Arrancar() {
         },
         [this](const QString &ventana, const QString &accion) { registrarActividad(ventana, accion); });
     dialogs_.setParent(ventana_.get());
-    RegistrarPantallas(*ventana_, *aplicacion_);
+    RegistrarPantallas(*ventana_, *aplicacion_, [this] {
+        if (obra_)
+            obra_->RefrescarParametros();
+        aplicarParametrosObra();
+    });
     RegistrarListados(*ventana_, *aplicacion_);
     if (Translator *traductor = aplicacion_->traductor())
         for (QAction *a : ventana_->findChildren<QAction *>())
@@ -63,7 +67,7 @@ bool DesktopSession::Arrancar() {
         return false;
     }
     ventana_->MostrarEmpresa(aplicacion_->Abreviatura);
-    aplicarParametrosObra();
+    crearModulosDatos();
     QString activos;
     ValorUsuario(datos, aplicacion_->sesion().CodigoUsuario, QStringLiteral("ProgramasActivos"), activos, QString());
     ventana_->menu().PrimeraActivacion(ListaValorUsuario(activos));
@@ -92,13 +96,13 @@ void DesktopSession::registrarActividad(const QString &ventana, const QString &a
     RegistrarActividad(contexto, ventana, titulo, accion);
 }
 
+void DesktopSession::crearModulosDatos() {
+    obra_ = std::make_unique<works::TMDObra>(aplicacion_->datos());
+    aplicarParametrosObra();
+}
+
 void DesktopSession::aplicarParametrosObra() {
-    const QString r = aplicacion_->datos().EjecutarSQL(QStringLiteral("SELECT MultiPartes, PartesSeparados FROM PARAOBRA"),
-                                                       {}, QStringLiteral("Silenciosa"));
-    // Without a parameters row both families of reports are offered.
-    const bool multi = r.section(u'|', 0, 0) != u"NO";
-    const bool separados = r.section(u'|', 1, 1) != u"NO";
-    ventana_->ConfigurarPartes(multi, separados);
+    ventana_->ConfigurarPartes(obra_->ParametrosMultiPartes(), obra_->ParametrosPartesSeparados());
 }
 
 bool DesktopSession::CambiarEmpresa(int codigo) {
@@ -121,7 +125,7 @@ bool DesktopSession::CambiarEmpresa(int codigo) {
         return false;
     }
     ventana_->MostrarEmpresa(aplicacion_->Abreviatura);
-    aplicarParametrosObra();
+    crearModulosDatos();
     QString activos;
     ValorUsuario(aplicacion_->datos(), sesion.CodigoUsuario, QStringLiteral("ProgramasActivos"), activos, QString());
     ventana_->menu().PrimeraActivacion(ListaValorUsuario(activos));

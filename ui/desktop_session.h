@@ -6,6 +6,7 @@
 #include "core/startup.h"
 #include "ui/main_window.h"
 #include "ui/message_dialog.h"
+#include "works/works_data.h"
 
 #include <QObject>
 #include <QTimer>
@@ -25,11 +26,15 @@ public:
 
     // `CambioEmpresa1Click` with the company already picked.
     bool CambiarEmpresa(int codigo);
+    // The works data module of the selected company; nullptr before one is.
+    works::TMDObra *obra() const { return obra_.get(); }
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    // Makes the company's data modules and applies the works settings to the menu.
+    void crearModulosDatos();
     void aplicarParametrosObra();
     // The user's activity log, when the INI file asks for it.
     void registrarActividad(const QString &ventana, const QString &accion);
@@ -39,6 +44,7 @@ private:
     MessagePort *port_;
     std::unique_ptr<Aplicacion> aplicacion_;
     std::unique_ptr<TfOBRAMENU> ventana_;
+    std::unique_ptr<works::TMDObra> obra_;
     QTimer inactividad_;
     qint64 instanteActividad_ = 0;
 };

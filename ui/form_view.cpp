@@ -36,7 +36,32 @@ FormView::~FormView() = default;
 bool FormView::run(const std::function<void()> &action) {
     const bool ok = rutinas_.Ejecutar(action);
     refresh();
+    // A form that closed itself (a "Salir" or "Grabar" button) takes its window along,
+    // once the click that closed it has returned.
+    if (form_->Closed())
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                QWidget *ventana = parentWidget() ? parentWidget() : this;
+                ventana->close();
+            },
+            Qt::QueuedConnection);
     return ok;
+}
+
+// A data control with its caption as a label on its left.
+static void addLabelled(QBoxLayout *fields, QWidget *w, const QString &caption, QWidget *parent) {
+    if (caption.isEmpty()) {
+        fields->addWidget(w);
+        return;
+    }
+    auto *row = new QHBoxLayout;
+    auto *label = new QLabel(caption, parent);
+    label->setMinimumWidth(220);
+    label->setBuddy(w);
+    row->addWidget(label);
+    row->addWidget(w, 1);
+    fields->addLayout(row);
 }
 
 void FormView::build() {
@@ -85,7 +110,7 @@ void FormView::build() {
                     dc->BoundField()->SetAsString(t);
                 });
             });
-            fields->addWidget(e);
+            addLabelled(fields, e, c->Caption, this);
             w = e;
             break;
         }
@@ -105,7 +130,7 @@ void FormView::build() {
                     dc->BoundField()->SetAsString(t);
                 });
             });
-            fields->addWidget(box);
+            addLabelled(fields, box, c->Caption, this);
             w = box;
             break;
         }
@@ -252,8 +277,9 @@ bool FormView::eventFilter(QObject *watched, QEvent *event) {
 }
 
 void FormView::closeEvent(QCloseEvent *event) {
-    bool closed = false;
-    run([&] { closed = form_->Close(); });
+    bool closed = form_->Closed();
+    if (!closed)
+        run([&] { closed = form_->Close(); });
     if (closed)
         event->accept();
     else

@@ -1,0 +1,112 @@
+// Work screens opened from the main menu of a real session, through their
+// widgets: the rights a program is opened with, and the works parameters
+// screen with the menu entries that follow it.
+#include "desktop_fixture.h"
+#include "ui/form_view.h"
+#include "works/works_parameters.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace co::ui {
+namespace {
+
+class WorksScreens : public test::DesktopFixture {
+protected:
+    // Opens a program from its menu entry; the view of its form, or nullptr.
+    FormView *abrir(DesktopSession &session, const QString &entrada) {
+        session.ventana()->accion(entrada)->trigger();
+        for (QMdiSubWindow *w : session.ventana()->mdi()->subWindowList())
+            if (auto *view = dynamic_cast<FormView *>(w->widget());
+                view && w == session.ventana()->mdi()->activeSubWindow())
+                return view;
+        return nullptr;
+    }
+    void usuario(DesktopSession &session, const QString &asignacion) {
+        const QString r = session.aplicacion().datos().EjecutarSQL(
+            QStringLiteral("UPDATE USUARIO SET ") + asignacion +
+                QStringLiteral(" WHERE Codigo = 'ADMIN'"),
+            QStringLiteral("DatabaseGeneral"));
+        ASSERT_FALSE(r.startsWith(QStringLiteral("Error"))) << r.toStdString();
+    }
+};
+
+TEST_P(WorksScreens, AReadOnlyProgramOpensItsTablesReadOnlyAndRefusesWrites) {
+    DesktopSession session(opciones(QStringLiteral("ADMIN")), &port_);
+    ASSERT_TRUE(session.Arrancar()) << port_.texts().join(u'\n').toStdString();
+    usuario(session, QStringLiteral("ProgramasSoloLectura = 'Maestro de Unidades'"));
+
+    FormView *unidades = abrir(session, QStringLiteral("MaestrodeUnidades1"));
+    ASSERT_NE(unidades, nullptr) << port_.texts().join(u'\n').toStdString();
+    for (forms::Dataset *d : unidades->form().Datasets())
+        EXPECT_TRUE(d->ReadOnly) << d->Name().toStdString();
+    auto *agregar = qobject_cast<QPushButton *>(unidades->widgetFor(QStringLiteral("pbAgregar")));
+    ASSERT_NE(agregar, nullptr);
+    QTest::mouseClick(agregar, Qt::LeftButton);
+    EXPECT_EQ(port_.texts().value(port_.texts().size() - 1),
+              QStringLiteral("¡Ud. no tiene autorización para realizar modificaciones!"));
+    EXPECT_EQ(
+        session.aplicacion().datos().EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM UNIDADOB")),
+        QStringLiteral("0"));
+
+    // A program not in the list opens for writing.
+    FormView *maquinas = abrir(session, QStringLiteral("MaestrodeMaquinas1"));
+    ASSERT_NE(maquinas, nullptr);
+    for (forms::Dataset *d : maquinas->form().Datasets())
+        EXPECT_FALSE(d->ReadOnly) << d->Name().toStdString();
+}
+
+TEST_P(WorksScreens, AForbiddenProgramDoesNotOpen) {
+    DesktopSession session(opciones(QStringLiteral("ADMIN")), &port_);
+    ASSERT_TRUE(session.Arrancar());
+    usuario(session, QStringLiteral("ProgramasNoAccesibles = 'Maestro de Unidades'"));
+    EXPECT_EQ(abrir(session, QStringLiteral("MaestrodeUnidades1")), nullptr);
+    EXPECT_TRUE(session.ventana()->mdi()->subWindowList().isEmpty());
+}
+
+TEST_P(WorksScreens, TheParametersScreenSavesThroughItsWidgetsAndTheMenuFollows) {
+    DesktopSession session(opciones(QStringLiteral("ADMIN")), &port_);
+    ASSERT_TRUE(session.Arrancar());
+    QAction *conjuntos = session.ventana()->accion(QStringLiteral("IntroduccindePartesConjuntos1"));
+    EXPECT_TRUE(conjuntos->isVisible());
+
+    FormView *parametros = abrir(session, QStringLiteral("ControldeObras1"));
+    ASSERT_NE(parametros, nullptr) << port_.texts().join(u'\n').toStdString();
+    EXPECT_EQ(parametros->windowTitle(), QStringLiteral("Parámetros de Control de Obras"));
+    EXPECT_EQ(
+        session.aplicacion().datos().EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM PARAOBRA")),
+        QStringLiteral("1"));
+    auto *multi =
+        qobject_cast<QComboBox *>(parametros->widgetFor(QStringLiteral("DBComboBoxMultiPartes")));
+    ASSERT_NE(multi, nullptr);
+    EXPECT_EQ(multi->currentText(), QStringLiteral("SI"));
+    multi->setFocus();
+    multi->setCurrentText(QStringLiteral("NO"));
+    EXPECT_TRUE(conjuntos->isVisible()) << "nothing changes before the row is saved";
+
+    auto *grabar = qobject_cast<QPushButton *>(parametros->widgetFor(QStringLiteral("pbGrabar")));
+    ASSERT_NE(grabar, nullptr);
+    QTest::mouseClick(grabar, Qt::LeftButton);
+    QTest::qWait(50);
+    EXPECT_TRUE(session.ventana()->mdi()->subWindowList().isEmpty()) << "saving closes the screen";
+    EXPECT_EQ(session.aplicacion().datos().EjecutarSQL(
+                  QStringLiteral("SELECT MultiPartes FROM PARAOBRA")),
+              QStringLiteral("NO"));
+    EXPECT_FALSE(conjuntos->isVisible());
+    ASSERT_NE(session.obra(), nullptr);
+    EXPECT_FALSE(session.obra()->ParametrosMultiPartes());
+    EXPECT_TRUE(
+        session.ventana()->accion(QStringLiteral("IntroduccindePartesdeTrabajo1"))->isVisible());
+}
+
+INSTANTIATE_TEST_SUITE_P(Backends, WorksScreens,
+                         ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
+                         test::backendName);
+
+} // namespace
+} // namespace co::ui
