@@ -6,6 +6,7 @@
 #include "ui/listing_screens.h"
 
 #include "core/activity_log.h"
+#include "forms/keystroke_log.h"
 
 #include <QAction>
 #include <QMdiArea>
@@ -58,6 +59,7 @@ bool DesktopSession::Arrancar() {
         if (ok)
             CambiarEmpresa(elegida.section(u'|', 0, 0).toInt());
     });
+    ventana_->setAlCerrar([this] { finalizarControlesOcultos(); });
     ventana_->showMaximized();
     if (!aplicacion_->Identificar())
         return false;
@@ -94,6 +96,16 @@ void DesktopSession::registrarActividad(const QString &ventana, const QString &a
         if (w->objectName() == ventana)
             titulo = w->windowTitle();
     RegistrarActividad(contexto, ventana, titulo, accion);
+}
+
+// The administrator's controls picked with F8 go to the users named at the end.
+void DesktopSession::finalizarControlesOcultos() {
+    if (!aplicacion_->configuracion().ModoAdministradorActivado)
+        return;
+    forms::EstadoTecladoSesion().ControlesSeleccionados.Finalizar(
+        aplicacion_->datos(), [this](const QString &titulo, const QString &texto) {
+            port_->showTitled(QChar(u'I'), titulo, texto, {});
+        });
 }
 
 void DesktopSession::crearModulosDatos() {

@@ -35,6 +35,7 @@ protected:
 private:
     // Makes the company's data modules and applies the works settings to the menu.
     void crearModulosDatos();
+    void finalizarControlesOcultos();
     void aplicarParametrosObra();
     // The user's activity log, when the INI file asks for it.
     void registrarActividad(const QString &ventana, const QString &accion);

@@ -48,6 +48,8 @@ void TfOBRAMENU::closeEvent(QCloseEvent *event) {
         event->ignore();
         return;
     }
+    if (alCerrar_)
+        alCerrar_();
     event->accept();
 }
 

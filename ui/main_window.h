@@ -32,6 +32,8 @@ public:
     // The report entries follow the works parameters.
     void ConfigurarPartes(bool multiPartes, bool partesSeparados);
     void setCambioEmpresa(std::function<void()> handler) { cambioEmpresa_ = std::move(handler); }
+    // Runs once the work windows have closed and the program is about to end.
+    void setAlCerrar(std::function<void()> handler) { alCerrar_ = std::move(handler); }
 
     MenuPrincipal &menu() { return menu_; }
     QMdiArea *mdi() const { return mdi_; }
@@ -61,6 +63,7 @@ private:
     QHash<QString, Fabrica> fabricas_;
     QHash<QString, QAction *> acciones_;
     std::function<void()> cambioEmpresa_;
+    std::function<void()> alCerrar_;
     MenuPrincipal::Actividad actividad_;
 };
 

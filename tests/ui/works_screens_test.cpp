@@ -2,11 +2,15 @@
 // widgets: the rights a program is opened with, and the works parameters
 // screen with the menu entries that follow it.
 #include "desktop_fixture.h"
+#include "core/users.h"
+#include "forms/keystroke_log.h"
 #include "ui/form_view.h"
 #include "works/works_parameters.h"
 
 #include <QAction>
 #include <QComboBox>
+#include <QFile>
+#include <QTableView>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
@@ -102,6 +106,37 @@ TEST_P(WorksScreens, TheParametersScreenSavesThroughItsWidgetsAndTheMenuFollows)
     EXPECT_FALSE(session.obra()->ParametrosMultiPartes());
     EXPECT_TRUE(
         session.ventana()->accion(QStringLiteral("IntroduccindePartesdeTrabajo1"))->isVisible());
+}
+
+TEST_P(WorksScreens, ControlsPickedByTheAdministratorGoToTheUsersNamedAtTheEnd) {
+    QFile ini(dir_.filePath(QStringLiteral("NAROWIN.INI")));
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+    ini.write("[Configuración]\nModoAdministradorActivado=SI\n");
+    ini.close();
+    forms::EstadoTecladoSesion() = {};
+    {
+        DesktopSession session(opciones(QStringLiteral("ADMIN")), &port_);
+        ASSERT_TRUE(session.Arrancar());
+        FormView *unidades = abrir(session, QStringLiteral("MaestrodeUnidades1"));
+        ASSERT_NE(unidades, nullptr);
+        QTableView *grid = unidades->grid(QStringLiteral("DBGrid1"));
+        ASSERT_NE(grid, nullptr);
+        grid->setFocus();
+        QTest::keyClick(grid, Qt::Key_F8);
+        const QStringList elegidos = forms::EstadoTecladoSesion().ControlesSeleccionados.lista();
+        ASSERT_EQ(elegidos.size(), 1);
+        EXPECT_TRUE(elegidos.first().startsWith(QStringLiteral("TfOBRAUNID.DBGrid1"))) << elegidos.first().toStdString();
+
+        port_.answer(QStringLiteral("SI"));
+        port_.answer(QStringLiteral("ADMIN"));
+        EXPECT_TRUE(session.ventana()->close());
+        EXPECT_TRUE(port_.texts().contains(QStringLiteral("¿Desea ver la Lista de Controles No Visibles?")));
+        QString guardada;
+        ValorUsuario(session.aplicacion().datos(), QStringLiteral("ADMIN"), QStringLiteral("ControlesNoVisibles"),
+                     guardada);
+        EXPECT_TRUE(guardada.contains(elegidos.first())) << guardada.toStdString();
+    }
+    forms::EstadoTecladoSesion() = {};
 }
 
 INSTANTIATE_TEST_SUITE_P(Backends, WorksScreens,
