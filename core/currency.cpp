@@ -61,4 +61,8 @@ QString TextoCampoMoneda(double valor, const QString &formato, const CurrencyDis
     return FormatFloat(formato, ConvertirMoneda(QString(), static_cast<double>(enBase), monedas));
 }
 
+QString SimboloMonedaMostrada(bool verOtraMoneda, bool monedaBaseEsEuro) {
+    return verOtraMoneda != monedaBaseEsEuro ? QStringLiteral("€") : QStringLiteral("Pts");
+}
+
 } // namespace co

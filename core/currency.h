@@ -67,4 +67,8 @@ struct CurrencyDisplay {
 QString TextoCampoMoneda(double valor, const QString &formato, const CurrencyDisplay &donde,
                          const CurrencyValues &monedas);
 
+// The symbol the main window's currency panel shows: the currency not in use
+// while the entry is checked, the one in use while it is not ("Pts" or "€").
+QString SimboloMonedaMostrada(bool verOtraMoneda, bool monedaBaseEsEuro);
+
 } // namespace co

@@ -83,6 +83,9 @@ public:
     int FieldCount() const { return static_cast<int>(fields_.size()); }
     Field &FieldByIndex(int i) const { return *fields_.at(static_cast<std::size_t>(i)); }
     // Case-insensitive; nullptr when absent.
+    // The display of float fields with tag 1000 or more (the two-currency
+    // display); unset, they show by their format as any float.
+    std::function<QString(const Field &)> TextoMoneda;
     Field *FindField(const QString &name) const;
     // Raises "Field '<name>' not found" when absent.
     Field &FieldByName(const QString &name) const;

@@ -257,6 +257,8 @@ QString Field::DisplayText() const {
     const QVariant v = Value();
     if (v.isNull())
         return {};
+    if (IsFloat() && Tag >= 1000 && dataset_.TextoMoneda)
+        return dataset_.TextoMoneda(*this);
     if (IsFloat() && !DisplayFormat.isEmpty())
         return FormatFloat(DisplayFormat, v.toDouble());
     if (IsDateTime() && !IsHourField() && v.toDateTime() == QDateTime(kZeroDate, QTime(0, 0)))

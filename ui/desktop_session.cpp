@@ -1,5 +1,6 @@
 #include "ui/desktop_session.h"
 #include "ui/screens.h"
+#include "ui/form_view.h"
 
 #include "core/rights.h"
 #include "core/users.h"
@@ -60,6 +61,13 @@ bool DesktopSession::Arrancar() {
             CambiarEmpresa(elegida.section(u'|', 0, 0).toInt());
     });
     ventana_->setAlCerrar([this] { finalizarControlesOcultos(); });
+    ventana_->setCambioMoneda([this](bool) {
+        for (QMdiSubWindow *w : ventana_->mdi()->subWindowList())
+            if (auto *vista = dynamic_cast<FormView *>(w->widget())) {
+                vista->form().CallHandler(QStringLiteral("VerDatosEnMonedaNacionalOEuroClick"));
+                vista->refresh();
+            }
+    });
     ventana_->showMaximized();
     if (!aplicacion_->Identificar())
         return false;
@@ -109,6 +117,11 @@ void DesktopSession::finalizarControlesOcultos() {
 }
 
 void DesktopSession::crearModulosDatos() {
+    // The currency entry starts checked and its click is applied once.
+    ventana_->setMonedaBaseEsEuro(aplicacion_->monedas().MonedaBaseEsEuro);
+    QAction *moneda = ventana_->accion(QStringLiteral("VerDatosenMonedaNacionalOEuro"));
+    moneda->setChecked(true);
+    moneda->trigger();
     obra_ = std::make_unique<works::TMDObra>(aplicacion_->datos());
     aplicarParametrosObra();
 }

@@ -1,5 +1,9 @@
 #include "ui/main_window.h"
 
+#include "core/currency.h"
+#include <QLabel>
+#include <QStatusBar>
+
 #include "core/text_utils.h"
 
 #include <QCoreApplication>
@@ -53,6 +57,30 @@ void TfOBRAMENU::closeEvent(QCloseEvent *event) {
     event->accept();
 }
 
+bool TfOBRAMENU::VerOtraMoneda() const {
+    return accion(QStringLiteral("VerDatosenMonedaNacionalOEuro"))->isChecked();
+}
+
+QString TfOBRAMENU::PanelMoneda() const {
+    return panelMoneda_ ? panelMoneda_->text() : QString();
+}
+
+void TfOBRAMENU::cambiarMoneda() {
+    const QString simbolo = SimboloMonedaMostrada(VerOtraMoneda(), monedaBaseEsEuro_);
+    if (!panelMoneda_) {
+        panelMoneda_ = new QLabel(this);
+        panelMoneda_->setObjectName(QStringLiteral("PanelMoneda"));
+        statusBar()->addPermanentWidget(panelMoneda_);
+    }
+    QFont letra = panelMoneda_->font();
+    letra.setPointSize(simbolo == u"Pts" ? 18 : 36);
+    panelMoneda_->setFont(letra);
+    panelMoneda_->setStyleSheet(QStringLiteral("color: navy;"));
+    panelMoneda_->setText(simbolo);
+    if (cambioMoneda_)
+        cambioMoneda_(VerOtraMoneda());
+}
+
 void TfOBRAMENU::MostrarEmpresa(const QString &abreviatura) {
     setWindowTitle(NombrePrograma() + QStringLiteral(": ") + abreviatura);
 }
@@ -83,6 +111,7 @@ void TfOBRAMENU::construirMenu() {
                           QStringLiteral("Ver Datos en Moneda Nacional o Euro"));
     moneda->setCheckable(true);
     moneda->setChecked(true);
+    connect(moneda, &QAction::triggered, this, [this] { cambiarMoneda(); });
     archivo->addSeparator();
     connect(add(archivo, QStringLiteral("Salir1"), QStringLiteral("&Salir")), &QAction::triggered, this, &QWidget::close);
 

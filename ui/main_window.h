@@ -13,6 +13,7 @@
 class QMdiArea;
 class QAction;
 class QMenu;
+class QLabel;
 
 namespace co::ui {
 
@@ -32,6 +33,12 @@ public:
     // The report entries follow the works parameters.
     void ConfigurarPartes(bool multiPartes, bool partesSeparados);
     void setCambioEmpresa(std::function<void()> handler) { cambioEmpresa_ = std::move(handler); }
+    // `VerDatosenMonedaNacionalOEuro`: each click inverts the entry, shows the
+    // panel with the symbol of the shown currency and runs the handler.
+    void setCambioMoneda(std::function<void(bool verOtraMoneda)> handler) { cambioMoneda_ = std::move(handler); }
+    void setMonedaBaseEsEuro(bool euro) { monedaBaseEsEuro_ = euro; }
+    bool VerOtraMoneda() const;
+    QString PanelMoneda() const;
     // Runs once the work windows have closed and the program is about to end.
     void setAlCerrar(std::function<void()> handler) { alCerrar_ = std::move(handler); }
 
@@ -56,6 +63,7 @@ private:
     void construirMenu();
     void construirAyuda(QMenu *ayuda);
     void actualizarAyuda();
+    void cambiarMoneda();
 
     Messenger &mensajes_;
     MenuPrincipal menu_;
@@ -64,6 +72,9 @@ private:
     QHash<QString, QAction *> acciones_;
     std::function<void()> cambioEmpresa_;
     std::function<void()> alCerrar_;
+    std::function<void(bool)> cambioMoneda_;
+    bool monedaBaseEsEuro_ = false;
+    QLabel *panelMoneda_ = nullptr;
     MenuPrincipal::Actividad actividad_;
 };
 

@@ -1,5 +1,6 @@
 #include "ui/screens.h"
 
+#include "forms/currency_display.h"
 #include "forms/form_preparation.h"
 #include "ui/form_view.h"
 #include "works/categories_master.h"
@@ -28,12 +29,15 @@ template <class Pantalla>
 void registrar(TfOBRAMENU &ventana, Aplicacion &aplicacion, const char *nombre,
                std::function<void(Pantalla &)> ajustar = {}) {
     ventana.RegistrarPantalla(
-        QString::fromLatin1(nombre), [&aplicacion, ajustar](QWidget *parent) -> QWidget * {
+        QString::fromLatin1(nombre),
+        [&ventana, &aplicacion, ajustar](QWidget *parent) -> QWidget * {
             auto pantalla = std::make_unique<Pantalla>(aplicacion.datos());
             if (ajustar)
                 ajustar(*pantalla);
             forms::RutinasFormulario &rutinas = pantalla->Rutinas();
             forms::PrepararForm(*pantalla, rutinas, opcionesPreparacion(aplicacion));
+            forms::PresentarMonedas(*pantalla, aplicacion.monedas(),
+                                    [&ventana] { return ventana.VerOtraMoneda(); });
             AperturaTablas apertura(aplicacion.datos(), aplicacion.creador());
             if (!pantalla->Abrir(apertura))
                 return nullptr;

@@ -58,6 +58,13 @@ TEST(ConvertirMoneda, ValueUnchangedWhenTheCurrencyIsMissingOrUnusable) {
               12.345);
 }
 
+TEST(SimboloMonedaMostrada, TheCheckedEntryShowsTheCurrencyNotInUse) {
+    EXPECT_EQ(SimboloMonedaMostrada(true, true), QStringLiteral("Pts"));
+    EXPECT_EQ(SimboloMonedaMostrada(false, true), QStringLiteral("€"));
+    EXPECT_EQ(SimboloMonedaMostrada(true, false), QStringLiteral("€"));
+    EXPECT_EQ(SimboloMonedaMostrada(false, false), QStringLiteral("Pts"));
+}
+
 TEST(TextoCampoMoneda, FormButtonWinsOverTheGlobalEntry) {
     const CurrencyValues v = ValoresMoneda(kPeseta, kPeseta, kEuro, rows());
     CurrencyDisplay where;

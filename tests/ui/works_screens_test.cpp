@@ -1,8 +1,9 @@
 // Work screens opened from the main menu of a real session, through their
 // widgets: the rights a program is opened with, and the works parameters
 // screen with the menu entries that follow it.
-#include "desktop_fixture.h"
+#include "core/currency.h"
 #include "core/users.h"
+#include "desktop_fixture.h"
 #include "forms/keystroke_log.h"
 #include "ui/form_view.h"
 #include "works/works_parameters.h"
@@ -10,10 +11,10 @@
 #include <QAction>
 #include <QComboBox>
 #include <QFile>
-#include <QTableView>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QTableView>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -125,18 +126,39 @@ TEST_P(WorksScreens, ControlsPickedByTheAdministratorGoToTheUsersNamedAtTheEnd) 
         QTest::keyClick(grid, Qt::Key_F8);
         const QStringList elegidos = forms::EstadoTecladoSesion().ControlesSeleccionados.lista();
         ASSERT_EQ(elegidos.size(), 1);
-        EXPECT_TRUE(elegidos.first().startsWith(QStringLiteral("TfOBRAUNID.DBGrid1"))) << elegidos.first().toStdString();
+        EXPECT_TRUE(elegidos.first().startsWith(QStringLiteral("TfOBRAUNID.DBGrid1")))
+            << elegidos.first().toStdString();
 
         port_.answer(QStringLiteral("SI"));
         port_.answer(QStringLiteral("ADMIN"));
         EXPECT_TRUE(session.ventana()->close());
-        EXPECT_TRUE(port_.texts().contains(QStringLiteral("¿Desea ver la Lista de Controles No Visibles?")));
+        EXPECT_TRUE(port_.texts().contains(
+            QStringLiteral("¿Desea ver la Lista de Controles No Visibles?")));
         QString guardada;
-        ValorUsuario(session.aplicacion().datos(), QStringLiteral("ADMIN"), QStringLiteral("ControlesNoVisibles"),
-                     guardada);
+        ValorUsuario(session.aplicacion().datos(), QStringLiteral("ADMIN"),
+                     QStringLiteral("ControlesNoVisibles"), guardada);
         EXPECT_TRUE(guardada.contains(elegidos.first())) << guardada.toStdString();
     }
     forms::EstadoTecladoSesion() = {};
+}
+
+TEST_P(WorksScreens, TheCurrencyEntryInvertsShowsItsPanelAndTellsTheOpenScreens) {
+    DesktopSession session(opciones(QStringLiteral("ADMIN")), &port_);
+    ASSERT_TRUE(session.Arrancar());
+    TfOBRAMENU &ventana = *session.ventana();
+    const bool euro = session.aplicacion().monedas().MonedaBaseEsEuro;
+    EXPECT_FALSE(ventana.VerOtraMoneda()) << "checked at start, then its click applied";
+    EXPECT_EQ(ventana.PanelMoneda(), SimboloMonedaMostrada(false, euro));
+
+    FormView *unidades = abrir(session, QStringLiteral("MaestrodeUnidades1"));
+    ASSERT_NE(unidades, nullptr);
+    int avisos = 0;
+    unidades->form().SetHandler(QStringLiteral("VerDatosEnMonedaNacionalOEuroClick"),
+                                [&avisos](forms::Component *) { ++avisos; });
+    ventana.accion(QStringLiteral("VerDatosenMonedaNacionalOEuro"))->trigger();
+    EXPECT_TRUE(ventana.VerOtraMoneda());
+    EXPECT_EQ(ventana.PanelMoneda(), SimboloMonedaMostrada(true, euro));
+    EXPECT_EQ(avisos, 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Backends, WorksScreens,
