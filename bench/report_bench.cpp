@@ -8,6 +8,7 @@
 #include "output/pdf_writer.h"
 #include "output/report_composer.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -145,9 +146,11 @@ std::unique_ptr<Instalacion> instalacion(qint64 count) {
         return nullptr;
     inst->sesion->CodigoUsuario = QStringLiteral("BENCH");
     inst->datos = std::make_unique<TModuloDatos>(*inst->sesion);
-    inst->creador = std::make_unique<CreadorTablas>(
-        *inst->datos,
-        QFileInfo(QStringLiteral(__FILE__)).dir().filePath(QStringLiteral("../data")));
+    // The structure files: beside the sources, or above the build tree's binary.
+    QString datos = QFileInfo(QStringLiteral(__FILE__)).dir().filePath(QStringLiteral("../data"));
+    if (!QFileInfo::exists(datos + QStringLiteral("/DATABASE.TXT")))
+        datos = QCoreApplication::applicationDirPath() + QStringLiteral("/../../../data");
+    inst->creador = std::make_unique<CreadorTablas>(*inst->datos, datos);
     inst->datos->setTableCreator(inst->creador.get());
     inst->datos->EjecutarSQL(QStringLiteral("CREATE TABLE BENCHREP (Numero INTEGER, CodigoObra "
                                             "INTEGER, Descripcion VARCHAR(60), Importe FLOAT)"));
