@@ -254,7 +254,8 @@ int listadoTarifas(const Arguments &a) {
     const std::unique_ptr<co::Aplicacion> app = entrar(a, port);
     if (!app)
         return 1;
-    co::TfOBQRLTAR report(app->datos(), co::ParametrosListadoTarifas{}, co::EntornoListado(*app));
+    co::TfOBQRLTAR report(app->datos(), app->creador(), co::ParametrosListadoTarifas{},
+                          co::EntornoListado(*app));
     return co::ImprimirReport(report, QStringLiteral("PDF:") + a.positional.at(pdf + 1)) ? 0 : 1;
 }
 

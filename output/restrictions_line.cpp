@@ -66,6 +66,40 @@ QString TextoRestricciones(const QList<ControlFiltro> &controles, const QString 
     return out;
 }
 
+QList<ControlFiltro> ControlesFiltro(const forms::Form &form) {
+    using forms::ComponentKind;
+    QList<ControlFiltro> out;
+    for (const forms::Component *c : form.Components()) {
+        ControlFiltro f{c->Name(), ControlFiltro::Tipo::Otro, c->Text, c->Caption, c->Checked,
+                        c->Visible};
+        switch (c->Kind()) {
+        case ComponentKind::Edit:
+        case ComponentKind::DBEdit:
+            f.tipo = ControlFiltro::Tipo::Edit;
+            break;
+        case ComponentKind::ComboBox:
+        case ComponentKind::DBComboBox:
+            f.tipo = ControlFiltro::Tipo::ComboBox;
+            break;
+        case ComponentKind::CheckBox:
+            f.tipo = ControlFiltro::Tipo::CheckBox;
+            break;
+        default:
+            continue;
+        }
+        if (const auto *dc = dynamic_cast<const forms::DataControl *>(c))
+            if (const forms::Field *campo = dc->BoundField())
+                f.Text = campo->AsString();
+        out << f;
+    }
+    return out;
+}
+
+QString TextoRestricciones(const forms::Form &form, const QString &rangosGrupos) {
+    const bool conRangos = form.FindComponent(QStringLiteral("pbRangoGruposAnalisis")) != nullptr;
+    return TextoRestricciones(ControlesFiltro(form), conRangos ? rangosGrupos : QString());
+}
+
 RestriccionesListado PrepararRestricciones(ReportBand &cabecera, const QString &texto, bool mostrar,
                                            int anchoBanda) {
     RestriccionesListado r{texto, mostrar, cabecera.Height, {}};

@@ -7,6 +7,7 @@
 // width of the band. Lines: text length / 100 + 1 on a portrait page, / 160 + 1
 // on a landscape one; height 15 a line, 30 when that is under 16.
 
+#include "forms/form.h"
 #include "output/report_design.h"
 
 #include <QHash>
@@ -35,6 +36,15 @@ QString EtiquetaControl(const QString &nombre);
 // The text of the controls in tab order; `VisualizacionPrevia` is skipped;
 // `rangosGrupos` is the text of the analysis group ranges, when chosen.
 QString TextoRestricciones(const QList<ControlFiltro> &controles, const QString &rangosGrupos = {});
+
+// The controls of a filter form, in tab order (the order of its components):
+// plain and data edits, combo boxes and check boxes; the others are left out.
+// A data edit shows its field's text.
+QList<ControlFiltro> ControlesFiltro(const forms::Form &form);
+
+// The text of a filter form's controls. `rangosGrupos` counts only when the
+// form has `pbRangoGruposAnalisis`.
+QString TextoRestricciones(const forms::Form &form, const QString &rangosGrupos = {});
 
 // The page header as it was before the line, kept for the later fits.
 struct RestriccionesListado {

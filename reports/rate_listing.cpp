@@ -22,11 +22,25 @@ ReportControl campo(const QString &name, const QString &field, int left, int wid
     return c;
 }
 
+// `Temporal`: one row a line of a rate, numbered in the order of printing.
+constexpr const char *kDefinicionTemporal = "Tabla Temporal\r\n"
+                                            "/C/1/Linea/ftInteger/0/*\r\n"
+                                            "/C/2/Codigo/ftSmallint/0/\r\n"
+                                            "/C/3/DescripcionTarifa/ftString/40/\r\n"
+                                            "/C/4/CodigoUnidad/ftString/20/\r\n"
+                                            "/C/5/Descripcion/ftString/65/\r\n"
+                                            "/C/6/DescripcionAmpliada/ftMemo/10/\r\n"
+                                            "/C/7/PrecioCosto/ftFloat/0/\r\n"
+                                            "/C/8/PrecioVenta/ftFloat/0/\r\n"
+                                            "/I/1/<Primary>/Linea";
+
 } // namespace
 
-TfOBQRLTAR::TfOBQRLTAR(TModuloDatos &datos, ParametrosListadoTarifas parametros,
-                       ReportEnvironment entorno, const QString &textoRestricciones)
-    : Report(std::move(entorno)), datos_(datos), p_(std::move(parametros)) {
+TfOBQRLTAR::TfOBQRLTAR(TModuloDatos &datos, CreadorTablas &creador,
+                       ParametrosListadoTarifas parametros, ReportEnvironment entorno,
+                       const QString &textoRestricciones)
+    : Report(std::move(entorno)), datos_(datos), p_(std::move(parametros)),
+      temporal_(datos, creador, QStringLiteral("fOBQRLTAR")) {
     ReportDesign &d = Diseno;
     d.Title = QStringLiteral("Listado de Tarifas");
     const int ancho = d.Page.bodyWidth();
@@ -134,29 +148,47 @@ TfOBQRLTAR::TfOBQRLTAR(TModuloDatos &datos, ParametrosListadoTarifas parametros,
     Crear(textoRestricciones);
 }
 
-QString TfOBQRLTAR::Sentencia() const {
-    QStringList condiciones;
-    condiciones << datos_.CondicionCampo(
+OrigenListado TfOBQRLTAR::Origen() const {
+    OrigenListado o;
+    o.columnas = QStringList{QStringLiteral("Codigo"),
+                             QStringLiteral("DescripcionTarifa"),
+                             QStringLiteral("CodigoUnidad"),
+                             QStringLiteral("Descripcion"),
+                             QStringLiteral("DescripcionAmpliada"),
+                             QStringLiteral("PrecioCosto"),
+                             QStringLiteral("PrecioVenta")};
+    o.expresiones = QStringList{QStringLiteral("L.Codigo"),
+                                QStringLiteral("T.Descripcion"),
+                                QStringLiteral("L.CodigoUnidad"),
+                                QStringLiteral("L.Descripcion"),
+                                QStringLiteral("L.DescripcionAmpliada"),
+                                QStringLiteral("L.PrecioCosto"),
+                                QStringLiteral("L.PrecioVenta")};
+    o.desde = QStringLiteral("LTARFMAQ L LEFT JOIN TARFMAQ T ON T.Codigo = L.Codigo");
+    o.condiciones << datos_.CondicionCampo(
         QStringLiteral("L.Codigo"), QString::number(p_.DesdeTarifa),
         QString::number(p_.HastaTarifa), QStringLiteral("ftSmallint"));
-    condiciones << datos_.CondicionCampo(QStringLiteral("L.CodigoUnidad"), p_.DesdeUnidad,
-                                         p_.HastaUnidad, QStringLiteral("ftString"));
-    condiciones.removeAll(QString());
-    QString sql =
-        QStringLiteral("SELECT L.Codigo, T.Descripcion AS DescripcionTarifa, L.CodigoUnidad, "
-                       "L.Descripcion, L.DescripcionAmpliada, L.PrecioCosto, L.PrecioVenta "
-                       "FROM LTARFMAQ L LEFT JOIN TARFMAQ T ON T.Codigo = L.Codigo");
-    if (!condiciones.isEmpty())
-        sql += QStringLiteral(" WHERE ") + condiciones.join(QStringLiteral(" AND "));
-    return sql + QStringLiteral(" ORDER BY L.Codigo, L.CodigoUnidad");
+    o.condiciones << datos_.CondicionCampo(QStringLiteral("L.CodigoUnidad"), p_.DesdeUnidad,
+                                           p_.HastaUnidad, QStringLiteral("ftString"));
+    o.orden = QStringLiteral("L.Codigo, L.CodigoUnidad");
+    return o;
 }
 
 std::unique_ptr<ReportDataSource> TfOBQRLTAR::AntesDeImprimir() {
     lineas_ = 0;
-    consulta_.SQL = Sentencia();
-    if (!datos_.AbrirConsulta(consulta_))
-        return nullptr;
-    return std::make_unique<ConsultaDataSource>(consulta_);
+    // Filled once: re-paging and exports read the table as it stands.
+    if (!lleno_) {
+        QString motivo;
+        if (!temporal_.Crear(QString::fromLatin1(kDefinicionTemporal), &motivo)) {
+            mensajes().MensajeA(motivo);
+            return nullptr;
+        }
+        // A failing statement was shown by the statement layer.
+        if (!temporal_.Llenar(Origen(), &motivo))
+            return nullptr;
+        lleno_ = true;
+    }
+    return temporal_.Lector();
 }
 
 } // namespace co

@@ -6,6 +6,7 @@
 // each line. `SepararEnPaginas` starts each rate on a new page.
 
 #include "core/database.h"
+#include "output/listing_table.h"
 #include "output/report_runner.h"
 
 namespace co {
@@ -22,18 +23,20 @@ struct ParametrosListadoTarifas {
 
 class TfOBQRLTAR : public Report {
 public:
-    TfOBQRLTAR(TModuloDatos &datos, ParametrosListadoTarifas parametros, ReportEnvironment entorno,
-               const QString &textoRestricciones = {});
+    TfOBQRLTAR(TModuloDatos &datos, CreadorTablas &creador, ParametrosListadoTarifas parametros,
+               ReportEnvironment entorno, const QString &textoRestricciones = {});
 
     std::unique_ptr<ReportDataSource> AntesDeImprimir() override;
 
-    // The statement that reads the lines in range.
-    QString Sentencia() const;
+    // The one source of `Temporal`: the lines in range, by rate and unit.
+    OrigenListado Origen() const;
+    const TablaListado &Temporal() const { return temporal_; }
 
 private:
     TModuloDatos &datos_;
     ParametrosListadoTarifas p_;
-    Consulta consulta_;
+    TablaListado temporal_;
+    bool lleno_ = false;
     int lineas_ = 0; // counted by the detail's before-print step, shown in the summary
 };
 

@@ -5,6 +5,7 @@
 #include "ui/key_routing.h"
 
 #include <QCoreApplication>
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -101,9 +102,11 @@ void FormView::build() {
         case ComponentKind::Edit: {
             auto *e = new QLineEdit(this);
             auto *dc = dynamic_cast<forms::DataControl *>(c);
-            connect(e, &QLineEdit::textEdited, this, [this, dc](const QString &t) {
-                if (!dc || !dc->BoundField())
+            connect(e, &QLineEdit::textEdited, this, [this, c, dc](const QString &t) {
+                if (!dc || !dc->BoundField()) {
+                    c->Text = t; // a plain edit keeps its text in the form
                     return;
+                }
                 run([&] {
                     if (!dc->DataSet()->IsPending())
                         dc->DataSet()->Edit();
@@ -134,6 +137,20 @@ void FormView::build() {
             w = box;
             break;
         }
+        case ComponentKind::CheckBox: {
+            auto *box = new QCheckBox(c->Caption, this);
+            connect(box, &QCheckBox::toggled, this, [this, c](bool on) {
+                if (!refreshing_)
+                    c->Checked = on;
+            });
+            fields->addWidget(box);
+            w = box;
+            break;
+        }
+        case ComponentKind::Label:
+            w = new QLabel(c->Caption, this);
+            fields->addWidget(w);
+            break;
         case ComponentKind::TabSheet:
             if (!tabs) {
                 tabs = new QTabWidget(this);
@@ -209,8 +226,10 @@ void FormView::refresh() {
         it.value()->setVisible(c->Visible);
         auto *dc = dynamic_cast<forms::DataControl *>(c);
         forms::Field *f = dc ? dc->BoundField() : nullptr;
-        if (auto *e = qobject_cast<QLineEdit *>(it.value()); e && f && !e->hasFocus())
-            e->setText(f->AsString());
+        if (auto *e = qobject_cast<QLineEdit *>(it.value()); e && !e->hasFocus() && (f || !dc))
+            e->setText(f ? f->AsString() : c->Text);
+        if (auto *box = qobject_cast<QCheckBox *>(it.value()))
+            box->setChecked(c->Checked);
         if (auto *b = qobject_cast<QComboBox *>(it.value()); b && f)
             b->setCurrentText(f->AsString());
     }

@@ -5,14 +5,10 @@
 
 #include "core/startup.h"
 #include "output/report_runner.h"
-#include "reports/rate_listing.h"
+#include "reports/rate_listing_filter.h"
+#include "ui/form_view.h"
 #include "ui/printer_port.h"
 
-#include <QWidget>
-
-class QCheckBox;
-class QLabel;
-class QLineEdit;
 class QMdiArea;
 
 namespace co::ui {
@@ -30,35 +26,24 @@ private:
     PrinterPort &impresoras_;
 };
 
-// `TfOBRALTAR`: the filter window of the rate listing.
-class TfOBRALTAR : public QWidget, public ListingFilter, public StatusPort {
+// `TfOBRALTAR`: the filter window of the rate listing, the form
+// `FiltroListadoTarifas` drawn by the form view; `pbListar` runs it through the
+// report runner, `pbSalir` closes the window.
+class TfOBRALTAR : public FormView, public StatusPort {
 public:
     TfOBRALTAR(Aplicacion &app, QMdiArea *mdi, QWidget *parent = nullptr);
 
-    // ListingFilter
-    QString Validar() override;
-    void CopiarParametros() override;
-    std::unique_ptr<Report> CrearReport() override;
-    bool VisualizacionPrevia() const override;
+    FiltroListadoTarifas &filtro() const;
     // StatusPort
     void MostrarEstado(const QString &texto) override;
     void CursorOcupado(bool ocupado) override;
 
-    bool pbListarClick();
-    const ParametrosListadoTarifas &parametros() const { return p_; }
-
-    QLineEdit *DesdeTarifa, *HastaTarifa, *DesdeUnidad, *HastaUnidad;
-    QCheckBox *ListarConMasDescripcion, *SepararEnPaginas, *VisualizacionPrevia_;
-    QLabel *StatusBar1;
-
 private:
-    QString textoRestricciones() const;
+    TfOBRALTAR(FiltroListadoTarifas *filtro, QMdiArea *mdi, QWidget *parent);
 
-    Aplicacion &app_;
     QtPrinters impresoras_;
     MdiPreview previa_;
     ReportRunner runner_;
-    ParametrosListadoTarifas p_;
 };
 
 void RegistrarListados(TfOBRAMENU &ventana, Aplicacion &app);

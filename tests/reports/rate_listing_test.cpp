@@ -68,7 +68,7 @@ protected:
 TEST_P(RateListing, GroupsByRateWithItsDescriptionAndSums) {
     ParametrosListadoTarifas p;
     p.HastaTarifa = 2;
-    TfOBQRLTAR r(*datos_, p, entorno());
+    TfOBQRLTAR r(*datos_, *creador_, p, entorno());
     EXPECT_EQ(textos(r, BandType::BandaCabecera).filter(QStringLiteral("Tarifa")),
               (QStringList{QStringLiteral("Tarifa:"), QStringLiteral("Tarifa General"),
                            QStringLiteral("Tarifa:"), QStringLiteral("Tarifa O'Donnell")}));
@@ -83,10 +83,10 @@ TEST_P(RateListing, GroupsByRateWithItsDescriptionAndSums) {
 TEST_P(RateListing, ExtendedDescriptionGoesUnderTheLineOnlyWhenAsked) {
     ParametrosListadoTarifas p;
     p.DesdeTarifa = p.HastaTarifa = 1;
-    TfOBQRLTAR corta(*datos_, p, entorno());
+    TfOBQRLTAR corta(*datos_, *creador_, p, entorno());
     EXPECT_FALSE(textos(corta, BandType::BandaDetalle).contains(QStringLiteral("Con gruista")));
     p.ListarConMasDescripcion = true;
-    TfOBQRLTAR larga(*datos_, p, entorno());
+    TfOBQRLTAR larga(*datos_, *creador_, p, entorno());
     const QStringList t = textos(larga, BandType::BandaDetalle);
     ASSERT_TRUE(t.contains(QStringLiteral("Con gruista")));
     EXPECT_EQ(t.indexOf(QStringLiteral("Con gruista")),
@@ -98,7 +98,7 @@ TEST_P(RateListing, UnitRangeAndSeparatePages) {
     p.DesdeUnidad = QStringLiteral("H");
     p.HastaUnidad = QStringLiteral("HZ");
     p.SepararEnPaginas = true;
-    TfOBQRLTAR r(*datos_, p, entorno());
+    TfOBQRLTAR r(*datos_, *creador_, p, entorno());
     int paginas = 0;
     const QStringList units = textos(r, BandType::BandaDetalle, &paginas)
                                   .filter(QRegularExpression(QStringLiteral("^[A-Z]+$")));
@@ -109,7 +109,7 @@ TEST_P(RateListing, UnitRangeAndSeparatePages) {
 TEST_P(RateListing, NoLinesInRangeSaysSoAndWritesNoPdf) {
     ParametrosListadoTarifas p;
     p.DesdeTarifa = 500;
-    TfOBQRLTAR r(*datos_, p, entorno());
+    TfOBQRLTAR r(*datos_, *creador_, p, entorno());
     const QString path = dir_.path() + QStringLiteral("/vacio.pdf");
     messages_.clear();
     EXPECT_FALSE(ImprimirReport(r, QStringLiteral("PDF:") + path));
@@ -119,7 +119,7 @@ TEST_P(RateListing, NoLinesInRangeSaysSoAndWritesNoPdf) {
 
 TEST_P(RateListing, PrintsToAPdfWithItsTexts) {
     ParametrosListadoTarifas p;
-    TfOBQRLTAR r(*datos_, p, entorno(), QStringLiteral("Desde Tarifa: 0, Hasta Tarifa: 999, "));
+    TfOBQRLTAR r(*datos_, *creador_, p, entorno(), QStringLiteral("Desde Tarifa: 0, Hasta Tarifa: 999, "));
     const QString path = dir_.path() + QStringLiteral("/tarifas.pdf");
     ASSERT_TRUE(ImprimirReport(r, QStringLiteral("PDF:") + path));
     QProcess pdf;
