@@ -98,8 +98,7 @@ TEST_P(SmallMasters, IncidencesOfferTheirListsAndRefuseOtherValues) {
     EXPECT_TRUE(IncidenciaImputable(QStringLiteral("SI")));
 }
 
-// Not passing yet: the screen and this test disagree; to be settled before it is enabled.
-TEST_P(SmallMasters, DISABLED_CategoryKeysAreSmallNumbersAndAFailedChangeIsNotModified) {
+TEST_P(SmallMasters, CategoryKeysAreSmallNumbersAndAFailedChangeIsNotModified) {
     ScreenTest<TfNOMICATE> s(*datos_);
     ASSERT_TRUE(s.open());
     EXPECT_EQ(s.form().Caption, QStringLiteral("Maestro de Categorías"));
@@ -180,8 +179,7 @@ TEST_P(SmallMasters, SalePricesHideWhenOnlyPercentagesAreUsed) {
     EXPECT_TRUE(visibles(TfOBRASUBC(*datos_).DBGrid1()).isEmpty());
 }
 
-// Not passing yet: the screen and this test disagree; to be settled before it is enabled.
-TEST_P(SmallMasters, DISABLED_MachineGroupsFollowTheMachineAndPostWithIt) {
+TEST_P(SmallMasters, MachineGroupsFollowTheMachineAndPostWithIt) {
     tabla(QStringLiteral("GRANALIS"),
           {QStringLiteral("INSERT INTO GRANALIS (Codigo, Descripcion, CategoriaGrupo) VALUES "
                           "('GA1', 'Movimiento de tierras', 'Obra civil')")});
