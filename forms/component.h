@@ -54,6 +54,8 @@ public:
     bool Checked = false;
     bool ReadOnly = false;
     int Tag = 0;
+    // The tab page or panel the control sits on; nullptr for the form itself.
+    Component *Parent = nullptr;
 
 private:
     ComponentKind kind_;

@@ -15,6 +15,30 @@ QString EtiquetaCampo(const QString &nombre) {
     return out;
 }
 
+bool ComprobarColumnaLista(const DBGrid &grid, int columna, Messenger &m) {
+    if (columna < 0 || columna >= grid.Columns.size() || !grid.DataSet())
+        return true;
+    const GridColumn &col = grid.Columns[columna];
+    const Field *f = grid.DataSet()->FindField(col.FieldName);
+    if (col.PickList.isEmpty() || !f || f->AsString().isEmpty() ||
+        col.PickList.contains(f->AsString()))
+        return true;
+    m.MensajeA(QStringLiteral("¡ El valor \"") + f->AsString() +
+               QStringLiteral("\" de la columna \"") + col.Title +
+               QStringLiteral("\" no es correcto !"));
+    return false;
+}
+
+bool ComprobarControlLista(const DataControl &combo, Messenger &m) {
+    const Field *f = combo.BoundField();
+    if (combo.Items.isEmpty() || !f || f->AsString().isEmpty() ||
+        combo.Items.contains(f->AsString()))
+        return true;
+    m.MensajeA(QStringLiteral("¡El valor \"") + f->AsString() + QStringLiteral("\" del campo \"") +
+               EtiquetaCampo(f->FieldName()) + QStringLiteral("\" no es correcto!"));
+    return false;
+}
+
 bool ComprobarListasValores(Form &form, Messenger &m) {
     Component *foco = form.ActiveControl();
     if (!foco || foco->Name().compare(u"pbCancelar", Qt::CaseInsensitive) == 0)
@@ -23,29 +47,12 @@ bool ComprobarListasValores(Form &form, Messenger &m) {
         return !ds || !ds->Active() || ds->FieldCount() == 0 ||
                ds->FieldByIndex(0).AsString().isEmpty();
     };
-    if (auto *grid = dynamic_cast<DBGrid *>(foco)) {
-        if (omitir(grid->DataSet()) || grid->SelectedIndex < 0 ||
-            grid->SelectedIndex >= grid->Columns.size())
-            return true;
-        const GridColumn &col = grid->Columns[grid->SelectedIndex];
-        Field *f = grid->SelectedField();
-        if (col.PickList.isEmpty() || !f || f->AsString().isEmpty() ||
-            col.PickList.contains(f->AsString()))
-            return true;
-        m.MensajeA(QStringLiteral("¡ El valor \"") + f->AsString() +
-                   QStringLiteral("\" de la columna \"") + col.Title +
-                   QStringLiteral("\" no es correcto !"));
-        return false;
-    }
+    if (auto *grid = dynamic_cast<DBGrid *>(foco))
+        return omitir(grid->DataSet()) || ComprobarColumnaLista(*grid, grid->SelectedIndex, m);
     auto *combo = dynamic_cast<DataControl *>(foco);
     if (!combo || combo->Kind() != ComponentKind::DBComboBox || omitir(combo->DataSet()))
         return true;
-    Field *f = combo->BoundField();
-    if (!f || f->AsString().isEmpty() || combo->Items.contains(f->AsString()))
-        return true;
-    m.MensajeA(QStringLiteral("¡El valor \"") + f->AsString() + QStringLiteral("\" del campo \"") +
-               EtiquetaCampo(f->FieldName()) + QStringLiteral("\" no es correcto!"));
-    return false;
+    return ComprobarControlLista(*combo, m);
 }
 
 } // namespace co::forms

@@ -11,6 +11,8 @@
 
 namespace co::forms {
 
+class DataControl;
+class DBGrid;
 class Form;
 
 // A field name as words: "PorcentajeIVA" -> "Porcentaje IVA".
@@ -19,5 +21,10 @@ QString EtiquetaCampo(const QString &nombreCampo);
 // False after the warning `¡ El valor "<v>" de la columna "<title>" no es
 // correcto !` or `¡El valor "<v>" del campo "<label>" no es correcto!`.
 bool ComprobarListasValores(Form &form, Messenger &mensajes);
+
+// The same check on one grid column or one data combo box, whatever has the
+// focus; an empty value or an empty list passes.
+bool ComprobarColumnaLista(const DBGrid &grid, int columna, Messenger &mensajes);
+bool ComprobarControlLista(const DataControl &combo, Messenger &mensajes);
 
 } // namespace co::forms

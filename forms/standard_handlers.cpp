@@ -36,7 +36,8 @@ void ConmutarBotones(Form &form, bool editando) {
             c->Enabled = !editando;
 }
 
-bool GrabarDatos(Form &form, Dataset &ds, RutinasFormulario &rutinas, FamiliaFormulario familia) {
+bool GrabarDatos(Form &form, Dataset &ds, RutinasFormulario &rutinas, FamiliaFormulario familia,
+                 const QString &textoModificacionFallida) {
     const DatasetState estado = ds.State();
     if (estado != DatasetState::Edit && estado != DatasetState::Insert)
         return true;
@@ -46,10 +47,13 @@ bool GrabarDatos(Form &form, Dataset &ds, RutinasFormulario &rutinas, FamiliaFor
     } catch (const EAbort &) {
         return false; // a validator told why; the record stays pending
     } catch (const EDatabaseError &) {
-        m.MensajeA(estado == DatasetState::Edit
-                       ? QStringLiteral("¡ Imposible modificar el registro. Es posible que esté "
-                                        "siendo modificado por otro usuario. !")
-                       : QStringLiteral("¡ Este registro ya existe !"));
+        if (estado == DatasetState::Insert)
+            m.MensajeA(QStringLiteral("¡ Este registro ya existe !"));
+        else if (!textoModificacionFallida.isEmpty())
+            m.MensajeA(textoModificacionFallida);
+        else
+            m.MensajeA(QStringLiteral("¡ Imposible modificar el registro. Es posible que esté "
+                                      "siendo modificado por otro usuario. !"));
         ds.Cancel();
         return false;
     }
@@ -102,8 +106,9 @@ void ManejadoresEstandar(Form &form, RutinasFormulario &rutinas, FamiliaFormular
         }
     });
     siNoHay(form, QStringLiteral("pbConformeClick"), [&form, &rutinas, familia](Component *) {
-        if (Dataset *ds = principal(form))
-            GrabarDatos(form, *ds, rutinas, familia);
+        // A refused post stops the event chain with the record as it was left.
+        if (Dataset *ds = principal(form); ds && !GrabarDatos(form, *ds, rutinas, familia))
+            Abort();
     });
     siNoHay(form, QStringLiteral("pbCancelarClick"), [&form](Component *) {
         if (Dataset *ds = principal(form))

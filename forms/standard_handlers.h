@@ -23,9 +23,10 @@ namespace co::forms {
 
 void ManejadoresEstandar(Form &form, RutinasFormulario &rutinas, FamiliaFormulario familia);
 
-// `GrabarDatos`: false when the post failed (told and cancelled).
+// `GrabarDatos`: false when the post failed (told and cancelled). A form may
+// give its own text for a refused change of an edited record.
 bool GrabarDatos(Form &form, Dataset &dataset, RutinasFormulario &rutinas,
-                 FamiliaFormulario familia);
+                 FamiliaFormulario familia, const QString &textoModificacionFallida = {});
 
 void ConmutarBotones(Form &form, bool editando);
 

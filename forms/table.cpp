@@ -575,6 +575,9 @@ bool Table::srcUpdate(const Row &original, const Row &row) {
                            keyCondition(original);
     TfGENEINIC &sesion = datos_.sesion();
     if (BloqueoRegistros(sesion.backend()).pessimistic) {
+        // The lock keeps other sessions off the row, not a statement of this one.
+        if (!readRow(original))
+            throw EDatabaseError(kRecordDeleted);
         if (!sets.isEmpty())
             run(update);
     } else {

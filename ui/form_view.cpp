@@ -4,10 +4,11 @@
 #include "ui/dataset_model.h"
 #include "ui/key_routing.h"
 
-#include <QCoreApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QCoreApplication>
+#include <QFormLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -17,6 +18,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableView>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace co::ui {
@@ -36,33 +38,14 @@ FormView::~FormView() = default;
 
 bool FormView::run(const std::function<void()> &action) {
     const bool ok = rutinas_.Ejecutar(action);
-    refresh();
-    // A form that closed itself (a "Salir" or "Grabar" button) takes its window along,
-    // once the click that closed it has returned.
-    if (form_->Closed())
-        QMetaObject::invokeMethod(
-            this,
-            [this] {
-                QWidget *ventana = parentWidget() ? parentWidget() : this;
-                ventana->close();
-            },
-            Qt::QueuedConnection);
-    return ok;
-}
-
-// A data control with its caption as a label on its left.
-static void addLabelled(QBoxLayout *fields, QWidget *w, const QString &caption, QWidget *parent) {
-    if (caption.isEmpty()) {
-        fields->addWidget(w);
-        return;
+    if (form_->Closed()) {
+        // The form closed itself (exit button, post and close): so does its window.
+        QWidget *window = parentWidget() ? parentWidget() : this;
+        QTimer::singleShot(0, window, &QWidget::close);
+        return ok;
     }
-    auto *row = new QHBoxLayout;
-    auto *label = new QLabel(caption, parent);
-    label->setMinimumWidth(220);
-    label->setBuddy(w);
-    row->addWidget(label);
-    row->addWidget(w, 1);
-    fields->addLayout(row);
+    refresh();
+    return ok;
 }
 
 void FormView::build() {
@@ -71,8 +54,25 @@ void FormView::build() {
     QMenu *ficha = menus->addMenu(QStringLiteral("&Ficha"));
     layout->setMenuBar(menus);
     auto *buttons = new QHBoxLayout;
-    auto *fields = new QVBoxLayout;
-    QTabWidget *tabs = nullptr;
+    auto *body = new QVBoxLayout;
+    // Where a control goes: the page it sits on, else the body of the form.
+    QHash<const forms::Component *, QVBoxLayout *> pages;
+    QHash<QVBoxLayout *, QFormLayout *> labelled;
+    QHash<QVBoxLayout *, QTabWidget *> tabs;
+    auto area = [&](const forms::Component *c) { return pages.value(c->Parent, body); };
+    auto place = [&](const forms::Component *c, QWidget *w) {
+        QVBoxLayout *box = area(c);
+        if (c->Caption.isEmpty()) {
+            box->addWidget(w);
+            return;
+        }
+        QFormLayout *&rows = labelled[box];
+        if (!rows) {
+            rows = new QFormLayout;
+            box->addLayout(rows);
+        }
+        rows->addRow(c->Caption, w);
+    };
     for (forms::Component *c : form_->Components()) {
         QWidget *w = nullptr;
         switch (c->Kind()) {
@@ -94,26 +94,15 @@ void FormView::build() {
         case ComponentKind::DBGrid: {
             auto *view = new QTableView(this);
             bindGrid(*static_cast<forms::DBGrid *>(c), view);
-            fields->addWidget(view, 1);
+            area(c)->addWidget(view, 1);
             w = view;
             break;
         }
         case ComponentKind::DBEdit:
         case ComponentKind::Edit: {
             auto *e = new QLineEdit(this);
-            auto *dc = dynamic_cast<forms::DataControl *>(c);
-            connect(e, &QLineEdit::textEdited, this, [this, c, dc](const QString &t) {
-                if (!dc || !dc->BoundField()) {
-                    c->Text = t; // a plain edit keeps its text in the form
-                    return;
-                }
-                run([&] {
-                    if (!dc->DataSet()->IsPending())
-                        dc->DataSet()->Edit();
-                    dc->BoundField()->SetAsString(t);
-                });
-            });
-            addLabelled(fields, e, c->Caption, this);
+            connect(e, &QLineEdit::textEdited, this, [this, c](const QString &t) { typed(*c, t); });
+            place(c, e);
             w = e;
             break;
         }
@@ -121,19 +110,13 @@ void FormView::build() {
         case ComponentKind::ComboBox: {
             auto *box = new QComboBox(this);
             box->setEditable(true);
-            auto *dc = dynamic_cast<forms::DataControl *>(c);
-            if (dc)
+            if (auto *dc = dynamic_cast<forms::DataControl *>(c))
                 box->addItems(dc->Items);
-            connect(box, &QComboBox::currentTextChanged, this, [this, dc](const QString &t) {
-                if (refreshing_ || !dc || !dc->BoundField())
-                    return;
-                run([&] {
-                    if (!dc->DataSet()->IsPending())
-                        dc->DataSet()->Edit();
-                    dc->BoundField()->SetAsString(t);
-                });
+            connect(box, &QComboBox::currentTextChanged, this, [this, c](const QString &t) {
+                if (!refreshing_)
+                    typed(*c, t);
             });
-            addLabelled(fields, box, c->Caption, this);
+            place(c, box);
             w = box;
             break;
         }
@@ -143,22 +126,26 @@ void FormView::build() {
                 if (!refreshing_)
                     c->Checked = on;
             });
-            fields->addWidget(box);
+            area(c)->addWidget(box);
             w = box;
             break;
         }
         case ComponentKind::Label:
             w = new QLabel(c->Caption, this);
-            fields->addWidget(w);
+            area(c)->addWidget(w);
             break;
-        case ComponentKind::TabSheet:
-            if (!tabs) {
-                tabs = new QTabWidget(this);
-                fields->addWidget(tabs);
+        case ComponentKind::TabSheet: {
+            QVBoxLayout *box = area(c);
+            QTabWidget *&tab = tabs[box];
+            if (!tab) {
+                tab = new QTabWidget(this);
+                box->addWidget(tab, 1);
             }
-            w = new QWidget(tabs);
-            tabs->addTab(w, c->Caption);
+            w = new QWidget(tab);
+            pages.insert(c, new QVBoxLayout(w));
+            tab->addTab(w, c->Caption);
             break;
+        }
         default:
             break;
         }
@@ -169,11 +156,30 @@ void FormView::build() {
             components_.insert(w, c);
         }
     }
-    layout->addLayout(fields, 1);
+    // Pages of fields keep them at the top; a grid takes the room itself.
+    for (auto it = pages.cbegin(); it != pages.cend(); ++it)
+        if (!widgets_.value(const_cast<forms::Component *>(it.key()))->findChild<QTableView *>())
+            it.value()->addStretch(1);
+    layout->addLayout(body, 1);
     layout->addLayout(buttons);
     status_ = new QLabel(this);
     status_->setObjectName(QStringLiteral("StatusBar1"));
     layout->addWidget(status_);
+}
+
+// Typing into a data control writes its field (auto edit) and runs its change event.
+void FormView::typed(forms::Component &control, const QString &text) {
+    auto *dc = dynamic_cast<forms::DataControl *>(&control);
+    if (!dc)
+        control.Text = text; // a plain control keeps its text in the form
+    run([&] {
+        if (dc && dc->BoundField()) {
+            if (!dc->DataSet()->IsPending())
+                dc->DataSet()->Edit();
+            dc->BoundField()->SetAsString(text);
+        }
+        form_->RunEvent(control, QStringLiteral("OnChange"));
+    });
 }
 
 void FormView::bindGrid(forms::DBGrid &grid, QTableView *view) {
@@ -226,8 +232,11 @@ void FormView::refresh() {
         it.value()->setVisible(c->Visible);
         auto *dc = dynamic_cast<forms::DataControl *>(c);
         forms::Field *f = dc ? dc->BoundField() : nullptr;
-        if (auto *e = qobject_cast<QLineEdit *>(it.value()); e && !e->hasFocus() && (f || !dc))
-            e->setText(f ? f->AsString() : c->Text);
+        if (auto *e = qobject_cast<QLineEdit *>(it.value())) {
+            e->setReadOnly(c->ReadOnly);
+            if (!e->hasFocus() && (f || !dc))
+                e->setText(f ? f->AsString() : c->Text);
+        }
         if (auto *box = qobject_cast<QCheckBox *>(it.value()))
             box->setChecked(c->Checked);
         if (auto *b = qobject_cast<QComboBox *>(it.value()); b && f)
@@ -298,7 +307,7 @@ bool FormView::eventFilter(QObject *watched, QEvent *event) {
 void FormView::closeEvent(QCloseEvent *event) {
     bool closed = form_->Closed();
     if (!closed)
-        run([&] { closed = form_->Close(); });
+        rutinas_.Ejecutar([&] { closed = form_->Close(); });
     if (closed)
         event->accept();
     else

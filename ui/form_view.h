@@ -44,6 +44,7 @@ private:
     void build();
     void bindGrid(forms::DBGrid &grid, QTableView *view);
     bool run(const std::function<void()> &action);
+    void typed(forms::Component &control, const QString &text);
 
     std::unique_ptr<forms::Form> form_;
     forms::RutinasFormulario &rutinas_;

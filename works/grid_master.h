@@ -1,22 +1,15 @@
 #pragma once
-// The grid master family: one table edited in `DBGrid1`, with the buttons and
-// the "Ficha" menu of the record screens. A screen derives from `MaestroRejilla`,
-// declares its table, key and columns, and overrides only its own rules
-// (`ValoresIniciales`, `ValidacionWinControl`, `CalcularCampos`, `AntesGrabar`).
+// The grid master family: one table edited in `DBGrid1`. A screen derives from
+// `MaestroRejilla`, declares its table, key and columns, and overrides only its
+// own rules (`ValoresIniciales`, `ValidacionWinControl`, `CalcularCampos`,
+// `AntesGrabar`). Buttons, menu and shared handlers: see record_master.h.
 //
-// Components: Table1, DataSource1, DBGrid1; buttons pbAgregar, pbEliminar,
-// pbConforme, pbCancelar, pbPrimero, pbAnterior, pbSiguiente, pbUltimo, pbSalir;
-// menu items of "Ficha": Agregar, Eliminar1, CancelarEdicion1, Cerrar1.
-// Handlers are bound by the names of the record screens (pbConformeClick,
-// Table1BeforePost, DBGrid1ColExit, ...), so the key map and the view reach them
-// by name.
+// The family's own: new records are appended with the focus on the grid;
+// leaving a column checks its permitted values, and leaving the key column is
+// the key check (`DBGrid1ColExit`); the key column of a stored record cannot be
+// edited (`Table1BeforeEdit`); the post checks every column's list.
 
-#include "forms/form.h"
-#include "forms/maintenance_routines.h"
-#include "forms/table.h"
-
-#include <QList>
-#include <QString>
+#include "works/record_master.h"
 
 namespace co::works {
 
@@ -28,63 +21,25 @@ struct DeclaracionMaestro {
     QList<forms::GridColumn> columnas;
 };
 
-// The caption of the "Ficha" menu and the names of its items, in order.
-QString TituloMenuFicha();
-QStringList ElementosMenuFicha();
-
-class MaestroRejilla : public forms::Form {
+class MaestroRejilla : public MaestroTabla {
 public:
     MaestroRejilla(TModuloDatos &datos, DeclaracionMaestro declaracion);
-    // Closes the tables while the screen's handlers can still run.
-    ~MaestroRejilla() override;
 
-    TModuloDatos &Datos() const { return datos_; }
-    forms::RutinasFormulario &Rutinas() { return rutinas_; }
-    forms::Table &Table1() const { return *table1_; }
-    forms::DataSource &DataSource1() const { return *source1_; }
     forms::DBGrid &DBGrid1() const { return *grid1_; }
     const DeclaracionMaestro &Declaracion() const { return declaracion_; }
 
-    // Opens the form's tables through `AbrirTablasForm`; false when they could not.
-    bool Abrir(AperturaTablas &apertura);
-
-    // Message on a failed post of an edited record; screens may give their own.
-    QString TextoModificacionFallida =
-        QStringLiteral("¡ Imposible modificar el registro. Es posible que esté siendo "
-                       "modificado por otro usuario. !");
-
 protected:
-    // Defaults of a new record (`Table1NewRecord`).
-    virtual void ValoresIniciales() {}
-    // The form's validator for the control or column left; nullptr checks all
-    // (on post). False after its message.
-    virtual bool ValidacionWinControl(forms::Component *sender);
-    // Calculated fields (`Table1CalcFields`).
-    virtual void CalcularCampos() {}
-    // Runs in `Table1BeforePost` after the checks: pending child rows.
-    virtual void AntesGrabar() {}
+    void ComprobarListasAlGrabar() override;
     // Hides the sale price columns when only percentages are used.
     void OcultarPreciosVenta();
-    Messenger &Mensajes() const;
 
 private:
-    void declarar();
-    void grabarDatos();
-    void eliminar();
     void comprobarListas(int columna);
     void comprobarClave(forms::Component *sender);
-    void cambioEstado();
     int columnaClave() const;
 
-    TModuloDatos &datos_;
     DeclaracionMaestro declaracion_;
-    forms::RutinasFormulario rutinas_;
-    forms::Table *table1_ = nullptr;
-    forms::DataSource *source1_ = nullptr;
     forms::DBGrid *grid1_ = nullptr;
 };
-
-// The general parameter `campo` as text; empty when unreadable.
-QString ParametroGeneral(TModuloDatos &datos, const QString &campo);
 
 } // namespace co::works

@@ -19,8 +19,8 @@ TfOBRAINCI::TfOBRAINCI(TModuloDatos &datos)
            QStringLiteral("Codigo"),
            {{QStringLiteral("Codigo"), QStringLiteral("Código"), {}},
             {QStringLiteral("Descripcion"), QStringLiteral("Descripción"), {}},
-            lista("Tipo", "Tipo", {QStringLiteral("Trabajo"), QStringLiteral("Maquina"), {}}),
-            lista("Imputable", "Imputable", {QStringLiteral("SI"), QStringLiteral("NO"), {}})}}) {}
+            lista("Tipo", "Tipo", {QStringLiteral("Trabajo"), QStringLiteral("Maquina")}),
+            lista("Imputable", "Imputable", {QStringLiteral("SI"), QStringLiteral("NO")})}}) {}
 
 void TfOBRAINCI::ValoresIniciales() {
     Table1().FieldByName(QStringLiteral("Tipo")).SetAsString(QStringLiteral("Trabajo"));

@@ -66,7 +66,7 @@ void TfOBRAMAQU::calcularGrupo() {
     if (!grupo.isEmpty())
         if (const auto v = Datos().BuscarValores(
                 QStringLiteral("GRANALIS"), grupo,
-                {QStringLiteral("CategoriaGrupo"), QStringLiteral("Descripcion"), {}}))
+                {QStringLiteral("CategoriaGrupo"), QStringLiteral("Descripcion")}))
             valores = *v;
     table2_->FieldByName(QStringLiteral("CategoriaGA")).SetAsString(valores.value(0));
     table2_->FieldByName(QStringLiteral("DescripcionGA")).SetAsString(valores.value(1));

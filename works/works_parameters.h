@@ -5,34 +5,20 @@
 // to nor deleted. `pbGrabar` posts and closes, `pbCancelar` cancels and closes,
 // and closing hands over to `AlCerrar` (the works data module's refresh).
 
-#include "core/table_opening.h"
-#include "forms/form.h"
-#include "forms/maintenance_routines.h"
-#include "forms/table.h"
+#include "works/single_record_master.h"
 
 #include <functional>
 
 namespace co::works {
 
-class TfOBRAPARA : public forms::Form {
+class TfOBRAPARA : public MaestroFicha {
 public:
     explicit TfOBRAPARA(TModuloDatos &datos);
-    ~TfOBRAPARA() override;
-
-    forms::RutinasFormulario &Rutinas() { return rutinas_; }
-    forms::Table &Table1() const { return *table1_; }
-
-    // Opens the table and makes sure its row exists; false when it could not.
-    bool Abrir(AperturaTablas &apertura);
 
     std::function<void()> AlCerrar;
 
-private:
-    void declarar();
-
-    forms::RutinasFormulario rutinas_;
-    forms::Table *table1_ = nullptr;
-    forms::DataSource *source1_ = nullptr;
+protected:
+    void DespuesAbrir() override;
 };
 
 } // namespace co::works

@@ -275,6 +275,25 @@ TEST_P(TableWrites, RowDeletedByAnotherUserIsToldOnEdit) {
     EXPECT_EQ(t->RecordCount(), 2);
 }
 
+TEST_P(TableWrites, RowDeletedWhileEditedIsToldOnPostAndKeepsTheTyping) {
+    obras(1, 3);
+    auto t = abrir();
+    t->FindKey({2});
+    t->Edit();
+    campo(*t, "Nombre").SetAsString(QStringLiteral("Tecleado"));
+    // A statement of this same session: the row lock does not keep it off.
+    ok(QStringLiteral("DELETE FROM PRUOBRA WHERE CodigoObra = '2'"));
+    try {
+        t->Post();
+        FAIL() << "an update of no row passed as done";
+    } catch (const EDatabaseError &e) {
+        EXPECT_EQ(e.Texto(), QStringLiteral("Record/Key deleted"));
+    }
+    EXPECT_EQ(t->State(), DatasetState::Edit);
+    EXPECT_EQ(campo(*t, "Nombre").AsString(), QStringLiteral("Tecleado"));
+    t->Cancel();
+}
+
 TEST_P(TableWrites, EditOfAnEmptyTableInserts) {
     auto t = abrir();
     t->Edit();

@@ -7,8 +7,8 @@
 #include "core/table_creation.h"
 #include "core/table_opening.h"
 #include "forms/form.h"
-#include "forms/table.h"
 #include "forms/maintenance_routines.h"
+#include "forms/table.h"
 
 #include <QStringList>
 #include <memory>
@@ -55,6 +55,26 @@ public:
             if (!t.IsPending())
                 t.Edit();
             t.FieldByName(field).SetAsString(text);
+        });
+    }
+    // Moves the focus to a control by name; false when leaving the old one stopped.
+    bool focus(const QString &name) {
+        forms::Component *c = form_->FindComponent(name);
+        bool moved = false;
+        const bool ran = c && form_->Rutinas().Ejecutar([&] { moved = form_->SetFocus(c); });
+        return ran && moved;
+    }
+    // Types a text into a data edit or combo box (auto edit), as its change event tells.
+    bool edit(const QString &name, const QString &text) {
+        if (!focus(name))
+            return false;
+        auto *c = form_->template Find<forms::DataControl>(name);
+        return c && form_->Rutinas().Ejecutar([&] {
+            forms::Dataset *d = c->DataSet();
+            if (!d->IsPending())
+                d->Edit();
+            c->BoundField()->SetAsString(text);
+            form_->RunEvent(*c, QStringLiteral("OnChange"));
         });
     }
     // Values of one field over the whole table, in key order.

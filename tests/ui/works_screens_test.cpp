@@ -87,7 +87,7 @@ TEST_P(WorksScreens, TheParametersScreenSavesThroughItsWidgetsAndTheMenuFollows)
         session.aplicacion().datos().EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM PARAOBRA")),
         QStringLiteral("1"));
     auto *multi =
-        qobject_cast<QComboBox *>(parametros->widgetFor(QStringLiteral("DBComboBoxMultiPartes")));
+        qobject_cast<QComboBox *>(parametros->widgetFor(QStringLiteral("ComboBoxMultiPartes")));
     ASSERT_NE(multi, nullptr);
     EXPECT_EQ(multi->currentText(), QStringLiteral("SI"));
     multi->setFocus();

@@ -1,0 +1,123 @@
+#include "works/record_master.h"
+
+#include "core/general_parameters_table.h"
+#include "core/session.h"
+#include "forms/standard_handlers.h"
+
+namespace co::works {
+
+using namespace co::forms;
+
+QList<Boton> BotonesRegistro() {
+    return {{QStringLiteral("pbAgregar"), QStringLiteral("&Agregar")},
+            {QStringLiteral("pbEliminar"), QStringLiteral("&Eliminar")},
+            {QStringLiteral("pbConforme"), QStringLiteral("&Conforme")},
+            {QStringLiteral("pbCancelar"), QStringLiteral("C&ancelar")},
+            {QStringLiteral("pbPrimero"), QStringLiteral("Primero")},
+            {QStringLiteral("pbAnterior"), QStringLiteral("Anterior")},
+            {QStringLiteral("pbSiguiente"), QStringLiteral("Siguiente")},
+            {QStringLiteral("pbUltimo"), QStringLiteral("Último")},
+            {QStringLiteral("pbSalir"), QStringLiteral("&Salir")}};
+}
+
+QList<Boton> BotonesDialogo() {
+    return {{QStringLiteral("pbGrabar"), QStringLiteral("&Grabar")},
+            {QStringLiteral("pbCancelar"), QStringLiteral("&Cancelar")}};
+}
+
+QString TituloMenuFicha() {
+    return QStringLiteral("&Ficha");
+}
+
+QList<Boton> MenuFicha() {
+    return {{QStringLiteral("Agregar"), QStringLiteral("&Agregar")},
+            {QStringLiteral("Eliminar1"), QStringLiteral("&Eliminar")},
+            {QStringLiteral("CancelarEdicion1"), QStringLiteral("Cancelar Edición")},
+            {QStringLiteral("Cerrar1"), QStringLiteral("&Cerrar")}};
+}
+
+QStringList ElementosMenuFicha() {
+    QStringList out;
+    for (const Boton &b : MenuFicha())
+        out << b.nombre;
+    return out;
+}
+
+QString ParametroGeneral(TModuloDatos &datos, const QString &campo) {
+    const auto registro = LeerParametrosGenerales(datos);
+    return registro ? registro->value(campo).toString() : QString();
+}
+
+MaestroTabla::MaestroTabla(TModuloDatos &datos, const QString &nombre, const QString &titulo,
+                           const QString &tabla, FamiliaFormulario familia,
+                           const QList<Boton> &botones, const QList<Boton> &menu)
+    : Form(nombre, titulo), datos_(datos), familia_(familia), rutinas_(datos) {
+    table1_ = &Add<Table>(datos_, QStringLiteral("Table1"), tabla);
+    source1_ = &Add<DataSource>(QStringLiteral("DataSource1"), table1_);
+    for (const Boton &b : botones)
+        AddControl(ComponentKind::Button, b.nombre, b.titulo);
+    for (const Boton &m : menu)
+        AddControl(ComponentKind::MenuItem, m.nombre, m.titulo);
+
+    ManejadoresEstandar(*this, rutinas_, familia_);
+    auto en = [this](const char *nombre, std::function<void()> accion) {
+        SetHandler(QString::fromLatin1(nombre), [accion](Component *) { accion(); });
+    };
+    en("pbConformeClick", [this] { GrabarDatos(); });
+    en("GrabarDatos", [this] { GrabarDatos(); });
+    en("pbGrabarClick", [this] {
+        GrabarDatos();
+        Close();
+    });
+    en("pbAgregarClick", [this] { CallHandler(QStringLiteral("AgregarClick")); });
+    en("pbEliminarClick", [this] { CallHandler(QStringLiteral("Eliminar1Click")); });
+    en("CancelarEdicion1Click", [this] { CallHandler(QStringLiteral("pbCancelarClick")); });
+    en("pbSalirClick", [this] { Close(); });
+    en("Cerrar1Click", [this] { Close(); });
+    en("FormCloseQuery", [this] { rutinas_.ConfirmarCierreForm(*this); });
+    en("Table1NewRecord", [this] { ValoresIniciales(); });
+    en("Table1CalcFields", [this] { CalcularCampos(); });
+    en("Table1BeforePost", [this] {
+        ComprobarListasAlGrabar();
+        if (!ValidacionWinControl(nullptr))
+            Abort();
+        AntesGrabar();
+    });
+    en("Table1AfterPost", [this] { rutinas_.DespuesGrabarRegistro(*table1_); });
+    en("Table1BeforeDelete", [this] { rutinas_.AntesEliminarRegistro(*table1_); });
+    ConectarEventos();
+    ConmutarBotones(*this, false);
+}
+
+MaestroTabla::~MaestroTabla() {
+    // The screen's own part is gone by now: closing must not reach its handlers.
+    for (Dataset *d : Datasets()) {
+        d->SetHandler(QStringLiteral("OnStateChange"), {});
+        d->SetDataChangeHandler({});
+        d->Close();
+    }
+}
+
+Messenger &MaestroTabla::Mensajes() const {
+    return datos_.sesion().mensajes();
+}
+
+bool MaestroTabla::Abrir(AperturaTablas &apertura) {
+    FormularioTablas tablas = Tablas();
+    if (!apertura.AbrirTablasForm(tablas))
+        return false;
+    source1_->AutoEdit = true;
+    CallHandler(QStringLiteral("DataSource1StateChange"), source1_);
+    return rutinas_.Ejecutar([this] { DespuesAbrir(); });
+}
+
+bool MaestroTabla::ValidacionWinControl(Component *) {
+    return true;
+}
+
+void MaestroTabla::GrabarDatos() {
+    if (!forms::GrabarDatos(*this, *table1_, rutinas_, familia_, TextoModificacionFallida))
+        Abort();
+}
+
+} // namespace co::works

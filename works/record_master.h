@@ -1,0 +1,93 @@
+#pragma once
+// What the one-table masters share, whatever draws their records: `Table1` on
+// the screen's table, `DataSource1`, the buttons and the "Ficha" menu, and the
+// handlers bound by the names of the record screens (navigation, `AgregarClick`,
+// `Eliminar1Click`, `pbConformeClick` / `GrabarDatos`, `pbCancelarClick`, the
+// button switch on `DataSource1StateChange`, `Table1NewRecord`,
+// `Table1CalcFields`, `Table1BeforePost`, `Table1AfterPost`,
+// `Table1BeforeDelete`, `FormCloseQuery`). A family (grid, single record)
+// derives from it and adds how the record is shown and how its key is checked;
+// a screen derives from the family and overrides only its own rules.
+//
+// A handler set by a derived constructor replaces the one of the same name set
+// here. A derived class that adds datasets calls `ConectarEventos()` again.
+
+#include "forms/form.h"
+#include "forms/maintenance_routines.h"
+#include "forms/table.h"
+
+#include <QList>
+#include <QString>
+
+namespace co::works {
+
+// A push button or menu item: component name and caption.
+struct Boton {
+    QString nombre;
+    QString titulo;
+};
+
+// The buttons of a record screen: add, delete, confirm, cancel, the four
+// moves and exit.
+QList<Boton> BotonesRegistro();
+// The buttons of a screen that edits one record and closes: pbGrabar, pbCancelar.
+QList<Boton> BotonesDialogo();
+// The caption of the "Ficha" menu and its items, in order.
+QString TituloMenuFicha();
+QList<Boton> MenuFicha();
+QStringList ElementosMenuFicha();
+
+class MaestroTabla : public forms::Form {
+public:
+    MaestroTabla(TModuloDatos &datos, const QString &nombre, const QString &titulo,
+                 const QString &tabla, forms::FamiliaFormulario familia,
+                 const QList<Boton> &botones = BotonesRegistro(),
+                 const QList<Boton> &menu = MenuFicha());
+    // Closes the tables (a held record lock goes with them).
+    ~MaestroTabla() override;
+
+    TModuloDatos &Datos() const { return datos_; }
+    forms::RutinasFormulario &Rutinas() { return rutinas_; }
+    forms::Table &Table1() const { return *table1_; }
+    forms::DataSource &DataSource1() const { return *source1_; }
+
+    // Opens the form's tables through `AbrirTablasForm`, then `DespuesAbrir`;
+    // false when they could not be opened.
+    bool Abrir(AperturaTablas &apertura);
+
+    // Message on a failed post of an edited record; screens may give their own.
+    QString TextoModificacionFallida;
+
+protected:
+    // Defaults of a new record (`Table1NewRecord`).
+    virtual void ValoresIniciales() {}
+    // The form's validator for the control or column left; nullptr checks all
+    // (on post). False after its message.
+    virtual bool ValidacionWinControl(forms::Component *sender);
+    // Calculated fields (`Table1CalcFields`).
+    virtual void CalcularCampos() {}
+    // Runs in `Table1BeforePost` after the checks: pending child rows.
+    virtual void AntesGrabar() {}
+    // Runs once the tables are open (a single-row table gets its row here).
+    virtual void DespuesAbrir() {}
+    // The family's check of every permitted-values list on post; aborts after
+    // its message.
+    virtual void ComprobarListasAlGrabar() {}
+
+    // `GrabarDatos`: posts; a refusal is told, cancels and aborts.
+    void GrabarDatos();
+    forms::FamiliaFormulario Familia() const { return familia_; }
+    Messenger &Mensajes() const;
+
+private:
+    TModuloDatos &datos_;
+    forms::FamiliaFormulario familia_;
+    forms::RutinasFormulario rutinas_;
+    forms::Table *table1_ = nullptr;
+    forms::DataSource *source1_ = nullptr;
+};
+
+// The general parameter `campo` as text; empty when unreadable.
+QString ParametroGeneral(TModuloDatos &datos, const QString &campo);
+
+} // namespace co::works

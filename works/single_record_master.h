@@ -1,0 +1,69 @@
+#pragma once
+// The single-record master family: one record of a table shown in data edits
+// and data combo boxes, one per declared field. A screen derives from
+// `MaestroFicha`, declares its table, key and controls, and overrides only its
+// own rules (`ValoresIniciales`, `ValidacionWinControl`, `CalcularCampos`,
+// `AntesGrabar`, `DespuesAbrir`). Buttons, menu and shared handlers: see
+// record_master.h.
+//
+// Controls are named "Edit<field>" (data edit) and "ComboBox<field>" (data
+// combo box, for a field with permitted values); their caption is the label.
+// The key control is `CampoClave()`: `Insert` focuses it; it is writable only
+// while inserting; leaving it runs `CampoClaveExit`, the key check of this
+// family (empty key drops the new record, ranges of numeric keys, the form's
+// validator, then "¡ Ya existe el registro !" in `Insert`, or in `Edit` when the
+// key changed, with the focus back on the key while inserting). Leaving any
+// other control checks its permitted values and runs `ValidacionWinControl`
+// with it; the post checks every combo box and runs the validator with none.
+//
+// A declaration with no key field is a screen over a single-row table: no key
+// control and no key check. `dialogo` gives the buttons pbGrabar (posts and
+// closes) and pbCancelar (cancels and closes) and no menu.
+
+#include "works/record_master.h"
+
+namespace co::works {
+
+struct ControlFicha {
+    QString campo;       // the field edited
+    QString etiqueta;    // the label beside the control
+    QStringList valores; // permitted values: a combo box offers them; none: a data edit
+};
+
+struct DeclaracionFicha {
+    QString nombre;     // component name of the form, e.g. "fOBRAPARA"
+    QString titulo;     // caption
+    QString tabla;      // the table edited
+    QString campoClave; // the key field; empty for a single-row table
+    QList<ControlFicha> controles;
+    bool dialogo = false;
+};
+
+class MaestroFicha : public MaestroTabla {
+public:
+    MaestroFicha(TModuloDatos &datos, DeclaracionFicha declaracion);
+
+    // The key control; nullptr for a single-row table.
+    forms::DataControl *CampoClave() const { return campoClave_; }
+    // The control of a declared field; nullptr for another field.
+    forms::DataControl *Control(const QString &campo) const;
+    const DeclaracionFicha &Declaracion() const { return declaracion_; }
+    // `ClaveCambiada`: the key was typed while the record was in `Edit`.
+    bool ClaveCambiada() const { return claveCambiada_; }
+
+protected:
+    void ComprobarListasAlGrabar() override;
+
+private:
+    void alta();
+    void cambioEstado();
+    void salidaClave(forms::Component *sender);
+    void salidaControl(forms::Component *sender);
+
+    DeclaracionFicha declaracion_;
+    QList<forms::DataControl *> controles_;
+    forms::DataControl *campoClave_ = nullptr;
+    bool claveCambiada_ = false;
+};
+
+} // namespace co::works
