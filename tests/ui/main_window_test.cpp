@@ -1,9 +1,8 @@
 // The main window offscreen: the whole menu, rights by caption, the switches of
 // the report entries, and a session started against a real installation.
-#include "ui/desktop_session.h"
 #include "ui/main_window.h"
 
-#include "support/layer_fixture.h"
+#include "desktop_fixture.h"
 
 #include <QAction>
 #include <QMdiArea>
@@ -74,26 +73,7 @@ TEST_F(MainWindowFixture, ReportEntriesFollowTheWorksParameters) {
     EXPECT_FALSE(window.accion(QStringLiteral("IntroduccindePartesdeMquina1"))->isEnabled());
 }
 
-class DesktopStart : public ::testing::TestWithParam<Backend> {
-protected:
-    void SetUp() override {
-        ASSERT_TRUE(dir_.isValid());
-        settings_ = test::freshInstallation(GetParam(), dir_.path());
-        ASSERT_TRUE(EscribirInstalacion(dir_.path(), settings_));
-        ASSERT_EQ(QProcess::execute(QStringLiteral(CO_CLI_PATH), {QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()}), 0);
-    }
-    void TearDown() override { test::dropInstallation(settings_); }
-    OpcionesArranque opciones(const QString &usuario) {
-        OpcionesArranque o;
-        o.carpetaInstalacion = o.carpetaAplicacion = dir_.path();
-        o.carpetaDatos = QStringLiteral(CO_SOURCE_DIR "/data");
-        o.linea.ParametroUsuario = usuario;
-        return o;
-    }
-    QTemporaryDir dir_;
-    InstallationSettings settings_;
-    ScriptedMessages port_;
-};
+using DesktopStart = test::DesktopTest;
 
 TEST_P(DesktopStart, FirstUserLogsInToTheFirstCompany) {
     DesktopSession session(opciones(QStringLiteral("ADMIN")), &port_);
@@ -113,7 +93,7 @@ TEST_P(DesktopStart, UnknownUserEndsTheStart) {
     EXPECT_TRUE(port_.texts().contains(QStringLiteral("¡El usuario no está definido!"))) << port_.texts().join(u'\n').toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, DesktopStart, ::testing::Values(Backend::SQLite, Backend::PostgreSQL), test::backendName);
+INSTANTIATE_TEST_SUITE_P(Backends, DesktopStart, ::testing::Values(Backend::SQLite, Backend::PostgreSQL), co::test::backendName);
 
 } // namespace
 } // namespace co::ui

@@ -1,0 +1,38 @@
+#pragma once
+// A desktop session against a fresh installation on each back-end: the
+// installation is made by the command line program, dialogs are answered by
+// the test's scripted messages.
+#include "ui/desktop_session.h"
+
+#include "support/layer_fixture.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace co::ui::test {
+
+class DesktopTest : public ::testing::TestWithParam<Backend> {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir_.isValid());
+        settings_ = co::test::freshInstallation(GetParam(), dir_.path());
+        ASSERT_TRUE(EscribirInstalacion(dir_.path(), settings_));
+        ASSERT_EQ(QProcess::execute(QStringLiteral(CO_CLI_PATH),
+                                    {QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()}),
+                  0);
+    }
+    void TearDown() override { co::test::dropInstallation(settings_); }
+    OpcionesArranque opciones(const QString &usuario) {
+        OpcionesArranque o;
+        o.carpetaInstalacion = o.carpetaAplicacion = dir_.path();
+        o.carpetaDatos = QStringLiteral(CO_SOURCE_DIR "/data");
+        o.linea.ParametroUsuario = usuario;
+        return o;
+    }
+    QTemporaryDir dir_;
+    InstallationSettings settings_;
+    ScriptedMessages port_;
+};
+
+} // namespace co::ui::test
