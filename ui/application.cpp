@@ -7,8 +7,7 @@
 
 namespace co::ui {
 
-ControlObrasApplication::ControlObrasApplication(int &argc, char **argv)
-    : QApplication(argc, argv) {}
+ControlObrasApplication::ControlObrasApplication(int &argc, char **argv) : QApplication(argc, argv) {}
 
 bool ControlObrasApplication::notify(QObject *receiver, QEvent *event) {
     try {

@@ -8,19 +8,18 @@
 #include "core/activity_log.h"
 
 #include <QAction>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QSysInfo>
 #include <QApplication>
 #include <QDateTime>
 #include <QEvent>
 #include <QInputDialog>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QSysInfo>
 
 namespace co::ui {
 
 DesktopSession::DesktopSession(OpcionesArranque opciones, MessagePort *port)
-    : port_(port ? port : &dialogs_),
-      aplicacion_(std::make_unique<Aplicacion>(std::move(opciones), port_)) {}
+    : port_(port ? port : &dialogs_), aplicacion_(std::make_unique<Aplicacion>(std::move(opciones), port_)) {}
 
 DesktopSession::~DesktopSession() {
     if (qApp)
@@ -38,9 +37,7 @@ bool DesktopSession::Arrancar() {
         [this, &datos](const QString &programa) {
             return UsuarioAccedePrograma(datos, aplicacion_->sesion().CodigoUsuario, programa);
         },
-        [this](const QString &ventana, const QString &accion) {
-            registrarActividad(ventana, accion);
-        });
+        [this](const QString &ventana, const QString &accion) { registrarActividad(ventana, accion); });
     dialogs_.setParent(ventana_.get());
     RegistrarPantallas(*ventana_, *aplicacion_);
     RegistrarListados(*ventana_, *aplicacion_);
@@ -50,12 +47,10 @@ bool DesktopSession::Arrancar() {
                 a->setText(traductor->TraducirTexto(a->text()));
     ventana_->setCambioEmpresa([this] {
         const QString filas = aplicacion_->datos().EjecutarSQL(
-            QStringLiteral("SELECT Codigo, Nombre FROM EMPRESA ORDER BY Codigo"),
-            QStringLiteral("DatabaseGeneral"));
+            QStringLiteral("SELECT Codigo, Nombre FROM EMPRESA ORDER BY Codigo"), QStringLiteral("DatabaseGeneral"));
         bool ok = false;
-        const QString elegida = QInputDialog::getItem(
-            ventana_.get(), QStringLiteral("Empresas"), QStringLiteral("Empresa:"),
-            filas.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts), 0, false, &ok);
+        const QString elegida = QInputDialog::getItem(ventana_.get(), QStringLiteral("Empresas"), QStringLiteral("Empresa:"),
+                                                      filas.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts), 0, false, &ok);
         if (ok)
             CambiarEmpresa(elegida.section(u'|', 0, 0).toInt());
     });
@@ -70,8 +65,7 @@ bool DesktopSession::Arrancar() {
     ventana_->MostrarEmpresa(aplicacion_->Abreviatura);
     aplicarParametrosObra();
     QString activos;
-    ValorUsuario(datos, aplicacion_->sesion().CodigoUsuario, QStringLiteral("ProgramasActivos"),
-                 activos, QString());
+    ValorUsuario(datos, aplicacion_->sesion().CodigoUsuario, QStringLiteral("ProgramasActivos"), activos, QString());
     ventana_->menu().PrimeraActivacion(ListaValorUsuario(activos));
 
     const QString minutos = aplicacion_->configuracion().TiempoForzarTerminacionAplicacion;
@@ -99,9 +93,8 @@ void DesktopSession::registrarActividad(const QString &ventana, const QString &a
 }
 
 void DesktopSession::aplicarParametrosObra() {
-    const QString r = aplicacion_->datos().EjecutarSQL(
-        QStringLiteral("SELECT MultiPartes, PartesSeparados FROM PARAOBRA"), {},
-        QStringLiteral("Silenciosa"));
+    const QString r = aplicacion_->datos().EjecutarSQL(QStringLiteral("SELECT MultiPartes, PartesSeparados FROM PARAOBRA"),
+                                                       {}, QStringLiteral("Silenciosa"));
     // Without a parameters row both families of reports are offered.
     const bool multi = r.section(u'|', 0, 0) != u"NO";
     const bool separados = r.section(u'|', 1, 1) != u"NO";
@@ -130,8 +123,7 @@ bool DesktopSession::CambiarEmpresa(int codigo) {
     ventana_->MostrarEmpresa(aplicacion_->Abreviatura);
     aplicarParametrosObra();
     QString activos;
-    ValorUsuario(aplicacion_->datos(), sesion.CodigoUsuario, QStringLiteral("ProgramasActivos"),
-                 activos, QString());
+    ValorUsuario(aplicacion_->datos(), sesion.CodigoUsuario, QStringLiteral("ProgramasActivos"), activos, QString());
     ventana_->menu().PrimeraActivacion(ListaValorUsuario(activos));
     return true;
 }
@@ -151,9 +143,7 @@ bool DesktopSession::eventFilter(QObject *watched, QEvent *event) {
 
 void DesktopSession::comprobarInactividad() {
     bool ok = false;
-    const qint64 limite =
-        aplicacion_->configuracion().TiempoForzarTerminacionAplicacion.trimmed().toLongLong(&ok) *
-        60;
+    const qint64 limite = aplicacion_->configuracion().TiempoForzarTerminacionAplicacion.trimmed().toLongLong(&ok) * 60;
     if (ok && QDateTime::currentSecsSinceEpoch() - instanteActividad_ > limite) {
         inactividad_.stop();
         qApp->quit();

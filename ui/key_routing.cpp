@@ -2,8 +2,7 @@
 
 namespace co::ui {
 
-bool EnviarTeclaAlFormulario(forms::Form &form, forms::RutinasFormulario &rutinas,
-                             const Tecla &tecla) {
+bool EnviarTeclaAlFormulario(forms::Form &form, forms::RutinasFormulario &rutinas, const Tecla &tecla) {
     return ProcesarTeclaForm(form, rutinas, tecla);
 }
 

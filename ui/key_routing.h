@@ -9,8 +9,7 @@ namespace co::ui {
 
 using co::Tecla;
 
-bool EnviarTeclaAlFormulario(forms::Form &form, forms::RutinasFormulario &rutinas,
-                             const Tecla &tecla);
+bool EnviarTeclaAlFormulario(forms::Form &form, forms::RutinasFormulario &rutinas, const Tecla &tecla);
 QChar EnviarCaracterAlFormulario(forms::Form &form, QChar caracter, const Tecla &tecla);
 
 } // namespace co::ui

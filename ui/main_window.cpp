@@ -2,24 +2,22 @@
 
 #include "core/text_utils.h"
 
-#include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QGuiApplication>
+#include <QCloseEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QScreen>
+#include <QGuiApplication>
 
 namespace co::ui {
 
-TfOBRAMENU::TfOBRAMENU(Messenger &mensajes, MenuPrincipal::Derechos derechos,
-                       MenuPrincipal::Actividad actividad, QWidget *parent)
+TfOBRAMENU::TfOBRAMENU(Messenger &mensajes, MenuPrincipal::Derechos derechos, MenuPrincipal::Actividad actividad,
+                       QWidget *parent)
     : QMainWindow(parent), mensajes_(mensajes),
-      menu_(
-          *this, std::move(derechos), [this](const QString &t) { mensajes_.MensajeA(t); },
-          actividad),
+      menu_(*this, std::move(derechos), [this](const QString &t) { mensajes_.MensajeA(t); }, actividad),
       mdi_(new QMdiArea(this)), actividad_(std::move(actividad)) {
     setObjectName(QStringLiteral("fOBRAMENU"));
     setWindowTitle(NombrePrograma());
@@ -61,9 +59,7 @@ void TfOBRAMENU::RegistrarPantalla(const QString &formulario, Fabrica fabrica) {
     fabricas_.insert(formulario, std::move(fabrica));
 }
 
-QAction *TfOBRAMENU::accion(const QString &componente) const {
-    return acciones_.value(componente);
-}
+QAction *TfOBRAMENU::accion(const QString &componente) const { return acciones_.value(componente); }
 
 void TfOBRAMENU::construirMenu() {
     QHash<QString, QMenu *> grupos;
@@ -76,8 +72,8 @@ void TfOBRAMENU::construirMenu() {
         return a;
     };
     QMenu *archivo = grupos.value(QStringLiteral("&Archivo"));
-    connect(add(archivo, QStringLiteral("CambioEmpresa1"), QStringLiteral("Cambio de &Empresa")),
-            &QAction::triggered, this, [this] {
+    connect(add(archivo, QStringLiteral("CambioEmpresa1"), QStringLiteral("Cambio de &Empresa")), &QAction::triggered,
+            this, [this] {
                 if (cambioEmpresa_)
                     cambioEmpresa_();
             });
@@ -86,8 +82,7 @@ void TfOBRAMENU::construirMenu() {
     moneda->setCheckable(true);
     moneda->setChecked(true);
     archivo->addSeparator();
-    connect(add(archivo, QStringLiteral("Salir1"), QStringLiteral("&Salir")), &QAction::triggered,
-            this, &QWidget::close);
+    connect(add(archivo, QStringLiteral("Salir1"), QStringLiteral("&Salir")), &QAction::triggered, this, &QWidget::close);
 
     for (const EntradaMenu &e : EntradasMenuPrincipal()) {
         QAction *a = add(grupos.value(e.grupo), e.componente, e.caption);
@@ -106,8 +101,7 @@ void TfOBRAMENU::construirAyuda(QMenu *ayuda) {
         return a;
     };
     auto abrirAyuda = [this] {
-        const QString chm =
-            QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("NAROWIN.CHM"));
+        const QString chm = QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("NAROWIN.CHM"));
         if (!QFileInfo::exists(chm))
             mensajes_.MensajeA(QStringLiteral("¡No existe el archivo de ayuda!"));
         else
@@ -121,12 +115,10 @@ void TfOBRAMENU::construirAyuda(QMenu *ayuda) {
     connect(deVentana, &QAction::triggered, this, abrirAyuda);
     ayuda->addSeparator();
     add(QStringLiteral("LoNuevode"), QStringLiteral("Lo &Nuevo de ") + programa);
-    connect(add(QStringLiteral("AcercadeMenu"), QStringLiteral("A&cerca de ") + programa),
-            &QAction::triggered, this, [this, programa] {
-                mensajes_.MostrarMensaje(u' ', QStringLiteral("Acerca de ") + programa +
-                                                   QStringLiteral("\r\n\r\n") + programa +
-                                                   QStringLiteral("\r\nVersión ") +
-                                                   QCoreApplication::applicationVersion());
+    connect(add(QStringLiteral("AcercadeMenu"), QStringLiteral("A&cerca de ") + programa), &QAction::triggered, this,
+            [this, programa] {
+                mensajes_.MostrarMensaje(u' ', QStringLiteral("Acerca de ") + programa + QStringLiteral("\r\n\r\n") + programa +
+                                                   QStringLiteral("\r\nVersión ") + QCoreApplication::applicationVersion());
             });
 }
 

@@ -20,8 +20,8 @@ class TfOBRAMENU : public QMainWindow, public AnfitrionVentanas {
 public:
     using Fabrica = std::function<QWidget *(QWidget *parent)>;
 
-    TfOBRAMENU(Messenger &mensajes, MenuPrincipal::Derechos derechos,
-               MenuPrincipal::Actividad actividad = {}, QWidget *parent = nullptr);
+    TfOBRAMENU(Messenger &mensajes, MenuPrincipal::Derechos derechos, MenuPrincipal::Actividad actividad = {},
+               QWidget *parent = nullptr);
     ~TfOBRAMENU() override;
 
     static QString NombrePrograma() { return QStringLiteral("Control de Obras"); }

@@ -11,18 +11,12 @@ namespace co::ui {
 
 QString TfGENEMENS::titleOf(QChar kind) {
     switch (kind.unicode()) {
-    case u'I':
-        return QStringLiteral("Información");
-    case u'A':
-        return QStringLiteral("Advertencia");
-    case u'E':
-        return QStringLiteral("Error");
-    case u'C':
-        return QStringLiteral("Confirmar");
-    case u'P':
-        return QStringLiteral("Pregunta");
-    default:
-        return QStringLiteral("Control de Obras");
+    case u'I': return QStringLiteral("Información");
+    case u'A': return QStringLiteral("Advertencia");
+    case u'E': return QStringLiteral("Error");
+    case u'C': return QStringLiteral("Confirmar");
+    case u'P': return QStringLiteral("Pregunta");
+    default: return QStringLiteral("Control de Obras");
     }
 }
 
@@ -45,8 +39,7 @@ TfGENEMENS::TfGENEMENS(QChar kind, const QString &text, const QString &value, QW
 
     auto *buttons = new QDialogButtonBox(this);
     if (kind == u'C') {
-        buttons->setStandardButtons(QDialogButtonBox::Yes | QDialogButtonBox::No |
-                                    QDialogButtonBox::Cancel);
+        buttons->setStandardButtons(QDialogButtonBox::Yes | QDialogButtonBox::No | QDialogButtonBox::Cancel);
         buttons->button(QDialogButtonBox::Yes)->setText(QStringLiteral("&Sí"));
         buttons->button(QDialogButtonBox::No)->setText(QStringLiteral("&No"));
         buttons->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("&Cancelar"));
