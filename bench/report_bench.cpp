@@ -7,6 +7,7 @@
 #include "output/listing_table.h"
 #include "output/pdf_writer.h"
 #include "output/report_composer.h"
+#include "peak_memory.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -14,29 +15,13 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+
 #include <benchmark/benchmark.h>
 #include <cstdio>
 
 namespace {
 
 using namespace co;
-
-// Peak resident memory of the process in kB, reset by resetPeak().
-long peakKb() {
-    QFile f(QStringLiteral("/proc/self/status"));
-    if (!f.open(QIODevice::ReadOnly))
-        return -1;
-    for (const QByteArray &line : f.readAll().split('\n'))
-        if (line.startsWith("VmHWM:"))
-            return line.mid(6).trimmed().split(' ').value(0).toLong();
-    return -1;
-}
-
-void resetPeak() {
-    QFile f(QStringLiteral("/proc/self/clear_refs"));
-    if (f.open(QIODevice::WriteOnly))
-        f.write("5");
-}
 
 std::unique_ptr<GeneratedDataSource> rows(qint64 count) {
     return std::make_unique<GeneratedDataSource>(
@@ -107,7 +92,7 @@ void run(benchmark::State &state, bool pdf) {
     double first = 0;
     long peak = 0;
     for (auto _ : state) {
-        resetPeak();
+        co::bench::ResetPeakMemory();
         PdfPageSink file(dir.path() + QStringLiteral("/bench.pdf"), QStringLiteral("A4"));
         QElapsedTimer clock;
         clock.start();
@@ -118,7 +103,7 @@ void run(benchmark::State &state, bool pdf) {
             ResultadoComposicion::Completo)
             state.SkipWithError(motivo.toUtf8().constData());
         first = sink.firstMs();
-        peak = peakKb();
+        peak = co::bench::PeakMemoryKb();
     }
     state.counters["first_page_ms"] = first;
     state.counters["peak_rss_MB"] = peak / 1024.0;

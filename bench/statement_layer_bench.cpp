@@ -2,6 +2,7 @@
 // a 10,000-row SELECT and a single-row SELECT by key.
 #include "core/database.h"
 #include "core/session.h"
+#include "grid_open_bench.h"
 #include "ratio_reporter.h"
 
 #include <QGuiApplication>
@@ -190,6 +191,7 @@ int main(int argc, char **argv) {
     std::printf("\nReport to PDF against composing the same rows without output:\n");
     reporter.printRatio("Report to PDF, 100,000 rows", "BM_ReportToPdf/100000",
                         "BM_ReportCompose/100000", 20.0);
+    co::bench::ImprimirRejillas(reporter);
     installations.clear();
     benchmark::Shutdown();
     return 0;

@@ -157,6 +157,11 @@ void DatasetModel::reload() {
     endResetModel();
 }
 
+forms::Field *DatasetModel::field(int modelColumn) const {
+    const int g = gridColumn(modelColumn);
+    return dataset() && g >= 0 ? dataset()->FindField(grid_.Columns[g].FieldName) : nullptr;
+}
+
 int DatasetModel::currentRow() const {
     const forms::Dataset *d = dataset();
     if (!d || !d->Active())

@@ -33,6 +33,8 @@ public:
     // The grid column index of a model column.
     int gridColumn(int modelColumn) const { return columns_.value(modelColumn, -1); }
     int modelColumn(int gridColumn) const { return columns_.indexOf(gridColumn); }
+    // The field shown in a model column; nullptr without a dataset or such field.
+    forms::Field *field(int modelColumn) const;
     // The row of the dataset's current record; -1 when not shown.
     int currentRow() const;
     // Makes a row the dataset's current record; false when the move stopped.

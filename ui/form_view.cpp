@@ -1,6 +1,7 @@
 #include "ui/form_view.h"
 
 #include "forms/key_map.h"
+#include "ui/cell_delegate.h"
 #include "ui/dataset_model.h"
 #include "ui/key_routing.h"
 
@@ -56,11 +57,11 @@ void FormView::build() {
     auto *buttons = new QHBoxLayout;
     auto *body = new QVBoxLayout;
     // Where a control goes: the page it sits on, else the body of the form.
-    QHash<const forms::Component *, QVBoxLayout *> pages;
+    QHash<forms::Component *, QVBoxLayout *> pages;
     QHash<QVBoxLayout *, QFormLayout *> labelled;
     QHash<QVBoxLayout *, QTabWidget *> tabs;
-    auto area = [&](const forms::Component *c) { return pages.value(c->Parent, body); };
-    auto place = [&](const forms::Component *c, QWidget *w) {
+    auto area = [&](forms::Component *c) { return pages.value(c->Parent, body); };
+    auto place = [&](forms::Component *c, QWidget *w) {
         QVBoxLayout *box = area(c);
         if (c->Caption.isEmpty()) {
             box->addWidget(w);
@@ -158,7 +159,7 @@ void FormView::build() {
     }
     // Pages of fields keep them at the top; a grid takes the room itself.
     for (auto it = pages.cbegin(); it != pages.cend(); ++it)
-        if (!widgets_.value(const_cast<forms::Component *>(it.key()))->findChild<QTableView *>())
+        if (!widgets_.value(it.key())->findChild<QTableView *>())
             it.value()->addStretch(1);
     layout->addLayout(body, 1);
     layout->addLayout(buttons);
@@ -187,6 +188,7 @@ void FormView::bindGrid(forms::DBGrid &grid, QTableView *view) {
         grid, [this](const auto &a) { return rutinas_.Ejecutar(a); }, view);
     models_.insert(&grid, model);
     view->setModel(model);
+    view->setItemDelegate(new CellDelegate(*model, *view));
     view->setSelectionBehavior(QAbstractItemView::SelectItems);
     view->setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::DoubleClicked |
                           QAbstractItemView::EditKeyPressed);

@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "forms/pick_list_check.h"
+#include "forms/standard_handlers.h"
 
 namespace co::works {
 
@@ -28,6 +29,12 @@ MaestroRejilla::MaestroRejilla(TModuloDatos &datos, DeclaracionMaestro declaraci
             Abort();
     });
     SetEvent(*grid1_, QStringLiteral("OnColExit"), QStringLiteral("DBGrid1ColExit"));
+    SetHandler(QStringLiteral("DataSource1StateChange"), [this](Component *) {
+        ConmutarBotones(*this, Table1().IsPending());
+        // A new record is keyed from the grid's first column.
+        if (Table1().State() == DatasetState::Insert)
+            grid1_->SelectedIndex = 0;
+    });
 }
 
 int MaestroRejilla::columnaClave() const {

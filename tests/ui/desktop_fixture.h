@@ -1,7 +1,7 @@
 #pragma once
-// A desktop session over a fresh installation made by the command line's
-// `init`, on each back-end: the first user ADMIN and the first company.
-
+// A desktop session against a fresh installation on each back-end: the
+// installation is made by the command line program, dialogs are answered by
+// the test's scripted messages.
 #include "ui/desktop_session.h"
 
 #include "support/layer_fixture.h"
@@ -10,19 +10,19 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-namespace co::test {
+namespace co::ui::test {
 
-class DesktopFixture : public ::testing::TestWithParam<Backend> {
+class DesktopTest : public ::testing::TestWithParam<Backend> {
 protected:
     void SetUp() override {
         ASSERT_TRUE(dir_.isValid());
-        settings_ = freshInstallation(GetParam(), dir_.path());
+        settings_ = co::test::freshInstallation(GetParam(), dir_.path());
         ASSERT_TRUE(EscribirInstalacion(dir_.path(), settings_));
         ASSERT_EQ(QProcess::execute(QStringLiteral(CO_CLI_PATH),
                                     {QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()}),
                   0);
     }
-    void TearDown() override { dropInstallation(settings_); }
+    void TearDown() override { co::test::dropInstallation(settings_); }
     OpcionesArranque opciones(const QString &usuario) {
         OpcionesArranque o;
         o.carpetaInstalacion = o.carpetaAplicacion = dir_.path();
@@ -35,4 +35,4 @@ protected:
     ScriptedMessages port_;
 };
 
-} // namespace co::test
+} // namespace co::ui::test

@@ -1,10 +1,8 @@
 // The main window offscreen: the whole menu, rights by caption, the switches of
 // the report entries, and a session started against a real installation.
-#include "desktop_fixture.h"
-#include "ui/desktop_session.h"
 #include "ui/main_window.h"
 
-#include "support/layer_fixture.h"
+#include "desktop_fixture.h"
 
 #include <QAction>
 #include <QMdiArea>
@@ -75,7 +73,7 @@ TEST_F(MainWindowFixture, ReportEntriesFollowTheWorksParameters) {
     EXPECT_FALSE(window.accion(QStringLiteral("IntroduccindePartesdeMquina1"))->isEnabled());
 }
 
-class DesktopStart : public test::DesktopFixture {};
+using DesktopStart = test::DesktopTest;
 
 TEST_P(DesktopStart, FirstUserLogsInToTheFirstCompany) {
     DesktopSession session(opciones(QStringLiteral("ADMIN")), &port_);
@@ -95,7 +93,7 @@ TEST_P(DesktopStart, UnknownUserEndsTheStart) {
     EXPECT_TRUE(port_.texts().contains(QStringLiteral("¡El usuario no está definido!"))) << port_.texts().join(u'\n').toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, DesktopStart, ::testing::Values(Backend::SQLite, Backend::PostgreSQL), test::backendName);
+INSTANTIATE_TEST_SUITE_P(Backends, DesktopStart, ::testing::Values(Backend::SQLite, Backend::PostgreSQL), co::test::backendName);
 
 } // namespace
 } // namespace co::ui

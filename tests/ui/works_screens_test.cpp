@@ -21,7 +21,7 @@
 namespace co::ui {
 namespace {
 
-class WorksScreens : public test::DesktopFixture {
+class WorksScreens : public test::DesktopTest {
 protected:
     // Opens a program from its menu entry; the view of its form, or nullptr.
     FormView *abrir(DesktopSession &session, const QString &entrada) {
@@ -163,7 +163,7 @@ TEST_P(WorksScreens, TheCurrencyEntryInvertsShowsItsPanelAndTellsTheOpenScreens)
 
 INSTANTIATE_TEST_SUITE_P(Backends, WorksScreens,
                          ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
-                         test::backendName);
+                         co::test::backendName);
 
 } // namespace
 } // namespace co::ui
