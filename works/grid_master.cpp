@@ -118,6 +118,18 @@ void MaestroRejilla::declarar() {
             Abort();
     });
     SetEvent(*grid1_, QStringLiteral("OnColExit"), QStringLiteral("DBGrid1ColExit"));
+    // The key column finds a record of the master; a code column searches its own table.
+    en("DBGrid1DblClick", [this] {
+        Field *f = grid1_->SelectedField();
+        if (!f)
+            return;
+        if (grid1_->SelectedIndex == columnaClave()) {
+            if (rutinas_.Ventanas.BuscarRegistro)
+                rutinas_.Ventanas.BuscarRegistro(*table1_);
+        } else if (const QString tabla = TablaDeBusqueda(f->FieldName()); !tabla.isEmpty()) {
+            BuscarCodigo(*table1_, f->FieldName(), tabla);
+        }
+    });
     en("DataSource1StateChange", [this] { cambioEstado(); });
     ConectarEventos();
     cambioEstado();
@@ -130,6 +142,23 @@ bool MaestroRejilla::Abrir(AperturaTablas &apertura) {
     source1_->AutoEdit = true;
     cambioEstado();
     return true;
+}
+
+QString MaestroRejilla::TablaDeBusqueda(const QString &) const {
+    return {};
+}
+
+void MaestroRejilla::BuscarCodigo(forms::Dataset &dataset, const QString &campo, const QString &tabla) {
+    if (!rutinas_.Ventanas.BuscarEnTabla)
+        return;
+    const QString codigo = rutinas_.Ventanas.BuscarEnTabla(tabla).section(u';', 0, 0);
+    if (codigo.isEmpty())
+        return;
+    if (dataset.IsEmpty() && !dataset.IsPending())
+        dataset.Append();
+    else if (!dataset.IsPending())
+        dataset.Edit();
+    dataset.FieldByName(campo).SetAsString(codigo);
 }
 
 bool MaestroRejilla::ValidacionWinControl(Component *) {
