@@ -64,11 +64,25 @@ protected:
         auto &form = static_cast<works::TfOBRASUBC &>(view_->form());
         QTableView *grid = view_->grid(QStringLiteral("DBGrid1"));
         ASSERT_NE(grid, nullptr);
-        form.SetFocus(&form.DBGrid1());
+        // A new record, with the supplier column current in the view.
+        if (!form.Table1().IsPending()) {
+            ASSERT_TRUE(form.Rutinas().Ejecutar([&] {
+                form.Click(QStringLiteral("Agregar"));
+                form.Table1()
+                    .FieldByName(QStringLiteral("Codigo"))
+                    .SetAsString(QStringLiteral("S1"));
+            }));
+            view_->refresh();
+        }
         int col = 0;
-        while (form.DBGrid1().Columns[col].FieldName != u"CodigoProveedor")
+        while (col < grid->model()->columnCount() &&
+               grid->model()->headerData(col, Qt::Horizontal).toString() != u"Proveedor")
             ++col;
-        form.SelectColumn(form.DBGrid1(), col);
+        ASSERT_LT(col, grid->model()->columnCount());
+        grid->setFocus();
+        grid->setCurrentIndex(grid->model()->index(0, 0));
+        grid->setCurrentIndex(grid->model()->index(0, col));
+        ASSERT_EQ(form.DBGrid1().SelectedField()->FieldName(), QStringLiteral("CodigoProveedor"));
         bool visto = false;
         QTimer::singleShot(0, [&] {
             auto *d = qobject_cast<QDialog *>(QApplication::activeModalWidget());

@@ -42,6 +42,7 @@ protected:
 };
 
 TEST_P(CodeSearch, SupplierColumnSearchesSuppliersAndKeyColumnTheMaster) {
+    ok(QStringLiteral("INSERT INTO PROVEEDR (Codigo, Nombre) VALUES (7, 'Siete')"));
     ScreenTest<TfOBRASUBC> s(*datos_);
     ASSERT_TRUE(s.open());
     ganchos(s.form().Rutinas(), QStringLiteral("7;X"));
