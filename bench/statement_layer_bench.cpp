@@ -3,6 +3,7 @@
 #include "core/database.h"
 #include "core/session.h"
 #include "grid_open_bench.h"
+#include "bench_installation.h"
 #include "ratio_reporter.h"
 
 #include <QGuiApplication>
@@ -25,39 +26,14 @@ const QString kAll = QStringLiteral(
 const QString kOne = QStringLiteral(
     "SELECT Codigo, Nombre, Importe, Fecha, Situacion FROM BENCHOBR WHERE Codigo = '4321'");
 
-struct Installation {
-    QTemporaryDir dir;
-    std::unique_ptr<co::TfGENEINIC> sesion;
-    std::unique_ptr<co::TModuloDatos> datos;
-    QSqlDatabase raw;
-    co::ScriptedMessages messages;
-};
+using Installation = co::bench::BenchInstallation;
 
-std::map<Backend, std::unique_ptr<Installation>> installations;
-
+// The shared installation with the table of this benchmark, filled once.
 Installation *installation(Backend backend) {
-    auto &slot = installations[backend];
-    if (slot)
-        return slot.get();
-    auto inst = std::make_unique<Installation>();
-    co::InstallationSettings s;
-    s.PathBaseDatosGeneral = inst->dir.path();
-    s.AliasBaseDatosGeneral = QStringLiteral("benchgeneral");
-    s.AliasBaseDatos = QStringLiteral("benchempresa");
-    if (backend == Backend::PostgreSQL) {
-        const char *pg = std::getenv("CO_TEST_PG");
-        if (!pg)
-            return nullptr;
-        s.TipoBaseDatos = QStringLiteral("PostgreSQL");
-        s.ServidorBaseDatos = QString::fromLocal8Bit(pg);
-    }
-    inst->sesion = std::make_unique<co::TfGENEINIC>(s, &inst->messages);
-    QString motivo;
-    if (!inst->sesion->Conectar(&motivo)) {
-        std::fprintf(stderr, "%s\n", qPrintable(motivo));
-        return nullptr;
-    }
-    inst->datos = std::make_unique<co::TModuloDatos>(*inst->sesion);
+    static std::map<Backend, bool> filled;
+    Installation *inst = co::bench::SharedInstallation(backend);
+    if (!inst || filled[backend])
+        return inst;
     co::TModuloDatos &d = *inst->datos;
     d.EjecutarSQL(QStringLiteral("DROP TABLE IF EXISTS BENCHOBR"), {},
                   QStringLiteral("Silenciosa"));
@@ -75,9 +51,8 @@ Installation *installation(Backend backend) {
                 .arg(1 + i % 12, 2, 10, QLatin1Char('0'))
                 .arg(1 + i % 28, 2, 10, QLatin1Char('0')));
     inst->sesion->FinalizarTransaccion();
-    inst->raw = *inst->sesion->conexion(QStringLiteral("Database"), co::Canal::Principal, &motivo);
-    slot = std::move(inst);
-    return slot.get();
+    filled[backend] = true;
+    return inst;
 }
 
 void layer(benchmark::State &state, Backend backend, const QString &sql) {
@@ -192,7 +167,11 @@ int main(int argc, char **argv) {
     reporter.printRatio("Report to PDF, 100,000 rows", "BM_ReportToPdf/100000",
                         "BM_ReportCompose/100000", 20.0);
     co::bench::ImprimirRejillas(reporter);
-    installations.clear();
+    std::printf("\nSearch window from a key value against the raw indexed query (median of 5):\n");
+    reporter.printRatio("Search, 100 of 1,000,000 rows, SQLite", "BM_Search_SQLite", "BM_SearchRaw_SQLite", 2.0);
+    reporter.printRatio("Search, 100 of 1,000,000 rows, PostgreSQL", "BM_Search_PostgreSQL",
+                        "BM_SearchRaw_PostgreSQL", 2.0);
+    co::bench::ReleaseInstallations();
     benchmark::Shutdown();
     return 0;
 }

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -39,6 +40,26 @@ void isNumeric(sqlite3_context *ctx, int, sqlite3_value **argv) {
     sqlite3_result_int(ctx, ok && !text.isEmpty() && !text.contains(u'e', Qt::CaseInsensitive) ? 1 : 0);
 }
 
+// The spelling-variant match of the search by approximation: a text against a
+// regular expression, case-insensitively. The compiled expression is kept with
+// the statement, as the pattern is the same for every row.
+void matchesPattern(sqlite3_context *ctx, int, sqlite3_value **argv) {
+    auto *re = static_cast<QRegularExpression *>(sqlite3_get_auxdata(ctx, 1));
+    if (!re) {
+        const auto *pattern = reinterpret_cast<const char *>(sqlite3_value_text(argv[1]));
+        re = new QRegularExpression(QString::fromUtf8(pattern ? pattern : ""),
+                                    QRegularExpression::CaseInsensitiveOption);
+        sqlite3_set_auxdata(ctx, 1, re, [](void *p) { delete static_cast<QRegularExpression *>(p); });
+        re = static_cast<QRegularExpression *>(sqlite3_get_auxdata(ctx, 1));
+        if (!re) {
+            sqlite3_result_error_nomem(ctx);
+            return;
+        }
+    }
+    const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(argv[0]));
+    sqlite3_result_int(ctx, text && re->match(QString::fromUtf8(text)).hasMatch() ? 1 : 0);
+}
+
 bool prepareSQLite(QSqlDatabase &db, const InstallationSettings &settings,
                    const ConnectionTarget &target, QString *motivo) {
     if (!run(db, QStringLiteral("PRAGMA journal_mode=WAL"), motivo) ||
@@ -49,6 +70,8 @@ bool prepareSQLite(QSqlDatabase &db, const InstallationSettings &settings,
         sqlite3 *raw = *static_cast<sqlite3 *const *>(handle.constData());
         sqlite3_create_function(raw, "ISNUMERIC", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
                                 isNumeric, nullptr, nullptr);
+        sqlite3_create_function(raw, "COINCIDEPATRON", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
+                                matchesPattern, nullptr, nullptr);
     }
     if (!target.general)
         return run(db,
@@ -102,13 +125,20 @@ bool preparePostgreSQL(QSqlDatabase &db, const InstallationSettings &settings,
         return false;
     QSqlQuery q(db);
     q.exec(QStringLiteral("SELECT 1 FROM pg_proc p JOIN pg_namespace n ON n.oid = p.pronamespace "
-                          "WHERE n.nspname = %1 AND p.proname = 'isnumeric'")
+                          "WHERE n.nspname = %1 AND p.proname IN ('isnumeric', 'coincidepatron') "
+                          "HAVING COUNT(*) = 2")
                .arg(Entrecomillar(general)));
     if (!q.next()) {
         run(db,
             QStringLiteral("CREATE OR REPLACE FUNCTION %1.isnumeric(anyelement) RETURNS integer "
                            "LANGUAGE sql IMMUTABLE AS $$ SELECT CASE WHEN trim($1::text) ~ "
                            "'^[-+]?([0-9]+([.][0-9]*)?|[.][0-9]+)$' THEN 1 ELSE 0 END $$")
+                .arg(general),
+            nullptr);
+        run(db,
+            QStringLiteral("CREATE OR REPLACE FUNCTION %1.coincidepatron(anyelement, text) RETURNS "
+                           "integer LANGUAGE sql IMMUTABLE AS $$ SELECT CASE WHEN $1::text ~* $2 "
+                           "THEN 1 ELSE 0 END $$")
                 .arg(general),
             nullptr);
     }

@@ -15,6 +15,7 @@ namespace co::forms {
 class Component;
 class Dataset;
 class DBGrid;
+class Table;
 
 struct VentanasFormulario {
     std::function<void(Dataset &)> VisorCampos;          // Ctrl+Z
@@ -25,6 +26,8 @@ struct VentanasFormulario {
     std::function<std::optional<double>(double)> Calculadora;
     // The search window on a table; the chosen key, empty when cancelled.
     std::function<QString(const QString &tabla)> BuscarEnTabla;
+    // The search window on a table's own records; moves it to the chosen one.
+    std::function<void(Table &)> BuscarRegistro;
     // The template form on a coded text of kind "Plantilla"; the text it made.
     std::function<QString(const QString &codigo, const QString &texto)> Plantilla;
     // `fGENEIMPR` in mode "Contexto" on a printed form code.

@@ -35,6 +35,35 @@ MaestroRejilla::MaestroRejilla(TModuloDatos &datos, DeclaracionMaestro declaraci
         if (Table1().State() == DatasetState::Insert)
             grid1_->SelectedIndex = 0;
     });
+    // The key column finds a record of the master; a code column searches its own table.
+    SetHandler(QStringLiteral("DBGrid1DblClick"), [this](Component *) {
+        Field *f = grid1_->SelectedField();
+        if (!f)
+            return;
+        if (grid1_->SelectedIndex == columnaClave()) {
+            if (Rutinas().Ventanas.BuscarRegistro)
+                Rutinas().Ventanas.BuscarRegistro(Table1());
+        } else if (const QString tabla = TablaDeBusqueda(f->FieldName()); !tabla.isEmpty()) {
+            BuscarCodigo(Table1(), f->FieldName(), tabla);
+        }
+    });
+}
+
+QString MaestroRejilla::TablaDeBusqueda(const QString &) const {
+    return {};
+}
+
+void MaestroRejilla::BuscarCodigo(Dataset &dataset, const QString &campo, const QString &tabla) {
+    if (!Rutinas().Ventanas.BuscarEnTabla)
+        return;
+    const QString codigo = Rutinas().Ventanas.BuscarEnTabla(tabla).section(u';', 0, 0);
+    if (codigo.isEmpty())
+        return;
+    if (dataset.IsEmpty() && !dataset.IsPending())
+        dataset.Append();
+    else if (!dataset.IsPending())
+        dataset.Edit();
+    dataset.FieldByName(campo).SetAsString(codigo);
 }
 
 int MaestroRejilla::columnaClave() const {

@@ -30,6 +30,10 @@ public:
 
 protected:
     void ComprobarListasAlGrabar() override;
+    // The table searched from a code column (double click or F2); none by default.
+    virtual QString TablaDeBusqueda(const QString &campo) const;
+    // Puts the first key value chosen in the search window on `tabla` into the field.
+    void BuscarCodigo(forms::Dataset &dataset, const QString &campo, const QString &tabla);
     // Hides the sale price columns when only percentages are used.
     void OcultarPreciosVenta();
 

@@ -48,6 +48,10 @@ TfOBRAMAQU::TfOBRAMAQU(TModuloDatos &datos)
         table2_->FieldByName(QStringLiteral("ClaveTabla"))
             .SetAsString(Table1().FieldByName(QStringLiteral("Codigo")).AsString());
     });
+    SetHandler(QStringLiteral("DBGrid2DblClick"), [this](forms::Component *) {
+        if (Table1().Active() && !Table1().IsEmpty())
+            BuscarCodigo(*table2_, QStringLiteral("GrupoAnalisis"), QStringLiteral("GRANALIS"));
+    });
     Preparar = [this] { apuntarGrupos(); };
     ConectarEventos();
 }

@@ -54,6 +54,10 @@ bool TfOBRASUBC::ValidacionWinControl(forms::Component *sender) {
     return false;
 }
 
+QString TfOBRASUBC::TablaDeBusqueda(const QString &campo) const {
+    return campo == kProveedor ? QStringLiteral("PROVEEDR") : QString();
+}
+
 void TfOBRASUBC::CalcularCampos() {
     forms::Field &proveedor = Table1().FieldByName(kProveedor);
     QString nombre;

@@ -1,0 +1,141 @@
+// The search window in the desktop program, offscreen: F2 on the supplier
+// column of the subcontract master opens "Buscar en la tabla PROVEEDR"; a code
+// typed and Enter searches, Enter in the grid accepts, and the code lands in
+// the record. Esc leaves the record as it was.
+#include "core/installation.h"
+#include "ui/desktop_session.h"
+#include "ui/form_view.h"
+#include "works/subcontracts_master.h"
+
+#include "support/layer_fixture.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QProcess>
+#include <QTableView>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace co::ui {
+namespace {
+
+void pulsar(QWidget *w, int key, Qt::KeyboardModifiers m = Qt::NoModifier) {
+    QKeyEvent press(QEvent::KeyPress, key, m);
+    QApplication::sendEvent(w, &press);
+}
+
+class SearchWindow : public ::testing::TestWithParam<Backend> {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir_.isValid());
+        settings_ = test::freshInstallation(GetParam(), dir_.path());
+        ASSERT_TRUE(EscribirInstalacion(dir_.path(), settings_));
+        ASSERT_EQ(QProcess::execute(QStringLiteral(CO_CLI_PATH),
+                                    {QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()}),
+                  0);
+        OpcionesArranque o;
+        o.carpetaInstalacion = o.carpetaAplicacion = dir_.path();
+        o.carpetaDatos = QStringLiteral(CO_SOURCE_DIR "/data");
+        o.linea.ParametroUsuario = QStringLiteral("ADMIN");
+        session_ = std::make_unique<DesktopSession>(o, &port_);
+        ASSERT_TRUE(session_->Arrancar()) << port_.texts().join(u'\n').toStdString();
+        TModuloDatos &d = session_->aplicacion().datos();
+        for (const char *fila : {"(41, 'Hierros Norte')", "(42, 'Gruas Sur')", "(43, 'Andamios')"})
+            ASSERT_FALSE(
+                d.EjecutarSQL(QStringLiteral("INSERT INTO PROVEEDR (Codigo, Nombre) VALUES %1")
+                                  .arg(QString::fromLatin1(fila)))
+                    .startsWith(QStringLiteral("Error.")));
+        session_->ventana()->accion(QStringLiteral("MaestrodeSubContrataciones1"))->trigger();
+        const auto ventanas = session_->ventana()->mdi()->subWindowList();
+        ASSERT_EQ(ventanas.size(), 1);
+        view_ = dynamic_cast<FormView *>(ventanas.first()->widget());
+        ASSERT_NE(view_, nullptr);
+    }
+    void TearDown() override {
+        session_.reset();
+        test::dropInstallation(settings_);
+    }
+    // F2 on the supplier column, with `guion` run in the search window once it shows.
+    void f2EnProveedor(const std::function<void(QDialog &)> &guion) {
+        auto &form = static_cast<works::TfOBRASUBC &>(view_->form());
+        QTableView *grid = view_->grid(QStringLiteral("DBGrid1"));
+        ASSERT_NE(grid, nullptr);
+        // A new record, with the supplier column current in the view.
+        if (!form.Table1().IsPending()) {
+            ASSERT_TRUE(form.Rutinas().Ejecutar([&] {
+                form.Click(QStringLiteral("Agregar"));
+                form.Table1()
+                    .FieldByName(QStringLiteral("Codigo"))
+                    .SetAsString(QStringLiteral("S1"));
+            }));
+            view_->refresh();
+        }
+        int col = 0;
+        while (col < grid->model()->columnCount() &&
+               grid->model()->headerData(col, Qt::Horizontal).toString() != u"Proveedor")
+            ++col;
+        ASSERT_LT(col, grid->model()->columnCount());
+        grid->setFocus();
+        grid->setCurrentIndex(grid->model()->index(0, 0));
+        grid->setCurrentIndex(grid->model()->index(0, col));
+        ASSERT_EQ(form.DBGrid1().SelectedField()->FieldName(), QStringLiteral("CodigoProveedor"));
+        bool visto = false;
+        QTimer::singleShot(0, [&] {
+            auto *d = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            ASSERT_NE(d, nullptr);
+            visto = true;
+            EXPECT_EQ(d->windowTitle(), QStringLiteral("Buscar en la tabla PROVEEDR"));
+            guion(*d);
+            if (d->isVisible())
+                d->reject();
+        });
+        pulsar(grid, Qt::Key_F2);
+        EXPECT_TRUE(visto);
+    }
+    QString proveedor() {
+        auto &form = static_cast<works::TfOBRASUBC &>(view_->form());
+        return form.Table1().FieldByName(QStringLiteral("CodigoProveedor")).AsString();
+    }
+
+    QTemporaryDir dir_;
+    InstallationSettings settings_;
+    ScriptedMessages port_;
+    std::unique_ptr<DesktopSession> session_;
+    FormView *view_ = nullptr;
+};
+
+TEST_P(SearchWindow, F2SearchesSuppliersAndEnterPutsTheCodeInTheRecord) {
+    f2EnProveedor([](QDialog &d) {
+        auto *dato = d.findChild<QLineEdit *>(QStringLiteral("DatoABuscar"));
+        auto *grid = d.findChild<QTableView *>(QStringLiteral("DBGrid1"));
+        ASSERT_TRUE(dato && grid);
+        dato->setFocus();
+        dato->setText(QStringLiteral("42"));
+        Q_EMIT dato->textEdited(dato->text());
+        pulsar(dato, Qt::Key_Return);
+        ASSERT_NE(grid->model(), nullptr);
+        EXPECT_EQ(grid->model()->rowCount(), 2) << "42 and upward";
+        EXPECT_EQ(grid->model()->index(0, 0).data().toString(), QStringLiteral("42"));
+        pulsar(grid, Qt::Key_Return);
+        EXPECT_FALSE(d.isVisible());
+    });
+    EXPECT_EQ(proveedor(), QStringLiteral("42"));
+
+    f2EnProveedor([](QDialog &d) {
+        auto *dato = d.findChild<QLineEdit *>(QStringLiteral("DatoABuscar"));
+        pulsar(dato, Qt::Key_Escape);
+        EXPECT_FALSE(d.isVisible());
+    });
+    EXPECT_EQ(proveedor(), QStringLiteral("42"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Backends, SearchWindow,
+                         ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
+                         test::backendName);
+
+} // namespace
+} // namespace co::ui
