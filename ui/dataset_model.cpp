@@ -40,9 +40,16 @@ QString DatasetModel::text(int row, int gridColumn) const {
 }
 
 QVariant DatasetModel::data(const QModelIndex &index, int role) const {
-    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole))
+    if (!index.isValid())
         return {};
     const int g = gridColumn(index.column());
+    if (role == Qt::TextAlignmentRole) {
+        const forms::Field *f = dataset() ? dataset()->FindField(grid_.Columns[g].FieldName) : nullptr;
+        const Qt::Alignment horizontal = f && f->IsNumeric() ? Qt::AlignRight : Qt::AlignLeft;
+        return QVariant::fromValue(horizontal | Qt::AlignVCenter);
+    }
+    if (role != Qt::DisplayRole && role != Qt::EditRole)
+        return {};
     if (role == Qt::EditRole && dataset())
         if (forms::Field *f = dataset()->FindField(grid_.Columns[g].FieldName);
             f && index.row() == currentRow())

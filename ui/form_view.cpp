@@ -6,6 +6,7 @@
 #include "ui/key_routing.h"
 
 #include <QCheckBox>
+#include <algorithm>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QCoreApplication>
@@ -189,6 +190,17 @@ void FormView::bindGrid(forms::DBGrid &grid, QTableView *view) {
     models_.insert(&grid, model);
     view->setModel(model);
     view->setItemDelegate(new CellDelegate(*model, *view));
+    // A column left at the default width grows with its text field, within reason.
+    for (int section = 0; section < model->columnCount(); ++section) {
+        const forms::GridColumn &c = grid.Columns.value(model->gridColumn(section));
+        const forms::Field *f = grid.DataSet() ? grid.DataSet()->FindField(c.FieldName) : nullptr;
+        int width = c.Width;
+        if (width == forms::GridColumn().Width && f && !f->IsNumeric() && f->Size > 8)
+            width = std::min(f->Size * 7 + 12, 320);
+        const QString titulo = model->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
+        width = std::max(width, view->horizontalHeader()->fontMetrics().horizontalAdvance(titulo) + 16);
+        view->setColumnWidth(section, width);
+    }
     view->setSelectionBehavior(QAbstractItemView::SelectItems);
     view->setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::DoubleClicked |
                           QAbstractItemView::EditKeyPressed);

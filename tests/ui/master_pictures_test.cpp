@@ -61,12 +61,15 @@ TEST_P(MasterPictures, MachinesShowTheirRowsAndTheGroupsOfTheFirst) {
                        "PrecioVenta1) VALUES ('RET03', 'Retroexcavadora mixta', 31.75, 29, 40)"));
     sql(QStringLiteral("INSERT INTO GRANTAB (NombreTabla, ClaveTabla, GrupoAnalisis) VALUES "
                        "('MAQUINOB', 'EXC01', 'MOVT')"));
+    sql(QStringLiteral("INSERT INTO GRANALIS (Codigo, Descripcion, CategoriaGrupo) VALUES "
+                       "('MOVT', 'Movimiento de tierras', 'Maquinaria pesada')"));
     FormView *view = abrir(QStringLiteral("MaestrodeMaquinas1"));
     ASSERT_NE(view, nullptr);
     test::FormViewDriver d(*view);
     ASSERT_EQ(d.rows(), 3);
     EXPECT_EQ(d.cell(1, 1), QStringLiteral("Grúa autopropulsada 50 t"));
     EXPECT_EQ(d.rows(QStringLiteral("DBGrid2")), 1) << "the groups of the current machine";
+    EXPECT_EQ(d.cell(0, 1, QStringLiteral("DBGrid2")), QStringLiteral("Maquinaria pesada"));
     guardar(QStringLiteral("machines-master.png"));
 }
 
