@@ -69,6 +69,8 @@ public:
     QList<GridColumn> Columns;
     int SelectedIndex = 0;
     bool MultiSelect = false;
+    // Memo columns show their text on one line instead of the " ..." mark.
+    bool MemosEnLinea = false;
     Dataset *DataSet() const { return Source ? Source->DataSet : nullptr; }
     // The field of the selected column; nullptr without a dataset or columns.
     Field *SelectedField() const;

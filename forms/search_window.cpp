@@ -79,6 +79,7 @@ void TfGENEBUSQ::declarar() {
     filas_->ReadOnly = true;
     auto &fuente = Add<DataSource>(QStringLiteral("DataSource1"), filas_);
     grid_ = &Add<DBGrid>(QStringLiteral("DBGrid1"), &fuente);
+    grid_->MemosEnLinea = true;
     const QList<QPair<const char *, const char *>> botones = {
         {"pbPersonalizarBusqueda", "Personalizar"},
         {"pbBuscar", "&Buscar"},

@@ -33,10 +33,21 @@ QString DatasetModel::text(int row, int gridColumn) const {
     const bool live = d && d->IsPending() && (row == rows_.size() || row == currentRow());
     if (!live)
         return rows_.value(row).value(gridColumn);
-    forms::Field *f = d->FindField(c.FieldName);
+    return cellText(c);
+}
+
+// The current record's text for a column: memos as a mark, or on one line.
+QString DatasetModel::cellText(const forms::GridColumn &c) const {
+    const forms::Field *f = dataset()->FindField(c.FieldName);
     if (!f)
         return {};
-    return f->DataType() == TipoCampo::ftMemo ? QStringLiteral(" ...") : f->DisplayText();
+    if (f->DataType() != TipoCampo::ftMemo)
+        return f->DisplayText();
+    if (!grid_.MemosEnLinea)
+        return QStringLiteral(" ...");
+    QString texto = f->AsString();
+    texto.replace(QStringLiteral("\r\n"), QStringLiteral(" ")).replace(u'\n', u' ').replace(u'\r', u' ');
+    return texto;
 }
 
 QVariant DatasetModel::data(const QModelIndex &index, int role) const {
@@ -108,12 +119,8 @@ void DatasetModel::fetchMore(const QModelIndex &parent) {
         for (d->Next(); !d->Eof() && more.size() < kChunk; d->Next()) {
             marks << d->GetBookmark();
             QStringList r;
-            for (const forms::GridColumn &c : grid_.Columns) {
-                forms::Field *f = d->FindField(c.FieldName);
-                r << (!f                                   ? QString()
-                      : f->DataType() == TipoCampo::ftMemo ? QStringLiteral(" ...")
-                                                           : f->DisplayText());
-            }
+            for (const forms::GridColumn &c : grid_.Columns)
+                r << cellText(c);
             more << r;
         }
         atEnd_ = d->Eof();
@@ -144,12 +151,8 @@ void DatasetModel::readChunk(int count) {
         for (d->First(); !d->Eof() && rows_.size() < count; d->Next()) {
             marks_ << d->GetBookmark();
             QStringList r;
-            for (const forms::GridColumn &c : grid_.Columns) {
-                forms::Field *f = d->FindField(c.FieldName);
-                r << (!f                                   ? QString()
-                      : f->DataType() == TipoCampo::ftMemo ? QStringLiteral(" ...")
-                                                           : f->DisplayText());
-            }
+            for (const forms::GridColumn &c : grid_.Columns)
+                r << cellText(c);
             rows_ << r;
         }
         atEnd_ = d->Eof();

@@ -93,6 +93,8 @@ public:
         }
         ordenados_ = new QCheckBox(QStringLiteral("Resultados Ordenados"), panel_);
         memos_ = new QCheckBox(QStringLiteral("Mostrar Campos Memo"), panel_);
+        ordenados_->setObjectName(QStringLiteral("ResultadosOrdenados"));
+        memos_->setObjectName(QStringLiteral("MostrarCamposMemo"));
         opciones->addWidget(ordenados_);
         opciones->addWidget(memos_);
         capa->addWidget(panel_);

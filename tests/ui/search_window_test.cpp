@@ -7,7 +7,8 @@
 #include "ui/form_view.h"
 #include "works/subcontracts_master.h"
 
-#include "support/layer_fixture.h"
+#include "desktop_fixture.h"
+#include <QCheckBox>
 
 #include <QAction>
 #include <QApplication>
@@ -28,20 +29,11 @@ void pulsar(QWidget *w, int key, Qt::KeyboardModifiers m = Qt::NoModifier) {
     QApplication::sendEvent(w, &press);
 }
 
-class SearchWindow : public ::testing::TestWithParam<Backend> {
+class SearchWindow : public test::DesktopTest {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(dir_.isValid());
-        settings_ = test::freshInstallation(GetParam(), dir_.path());
-        ASSERT_TRUE(EscribirInstalacion(dir_.path(), settings_));
-        ASSERT_EQ(QProcess::execute(QStringLiteral(CO_CLI_PATH),
-                                    {QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()}),
-                  0);
-        OpcionesArranque o;
-        o.carpetaInstalacion = o.carpetaAplicacion = dir_.path();
-        o.carpetaDatos = QStringLiteral(CO_SOURCE_DIR "/data");
-        o.linea.ParametroUsuario = QStringLiteral("ADMIN");
-        session_ = std::make_unique<DesktopSession>(o, &port_);
+        DesktopTest::SetUp();
+        session_ = std::make_unique<DesktopSession>(opciones(QStringLiteral("ADMIN")), &port_);
         ASSERT_TRUE(session_->Arrancar()) << port_.texts().join(u'\n').toStdString();
         TModuloDatos &d = session_->aplicacion().datos();
         for (const char *fila : {"(41, 'Hierros Norte')", "(42, 'Gruas Sur')", "(43, 'Andamios')"})
@@ -57,7 +49,7 @@ protected:
     }
     void TearDown() override {
         session_.reset();
-        test::dropInstallation(settings_);
+        DesktopTest::TearDown();
     }
     // F2 on the supplier column, with `guion` run in the search window once it shows.
     void f2EnProveedor(const std::function<void(QDialog &)> &guion) {
@@ -101,9 +93,6 @@ protected:
         return form.Table1().FieldByName(QStringLiteral("CodigoProveedor")).AsString();
     }
 
-    QTemporaryDir dir_;
-    InstallationSettings settings_;
-    ScriptedMessages port_;
     std::unique_ptr<DesktopSession> session_;
     FormView *view_ = nullptr;
 };
@@ -133,9 +122,46 @@ TEST_P(SearchWindow, F2SearchesSuppliersAndEnterPutsTheCodeInTheRecord) {
     EXPECT_EQ(proveedor(), QStringLiteral("42"));
 }
 
+TEST_P(SearchWindow, MemoColumnsShowTheirTextOnOneLineWhenAsked) {
+    ASSERT_FALSE(session_->aplicacion()
+                     .datos()
+                     .EjecutarSQL(QStringLiteral("UPDATE PROVEEDR SET Instrucciones = "
+                                                 "'Llamar antes' || CHAR(10) || 'de las 8' WHERE Codigo = 43")
+                                      .replace(QStringLiteral("CHAR(10)"), GetParam() == Backend::SQLite
+                                                                                ? QStringLiteral("CHAR(10)")
+                                                                                : QStringLiteral("CHR(10)")))
+                     .startsWith(QStringLiteral("Error.")));
+    // The option takes effect on the next search window, once a record was chosen with it.
+    f2EnProveedor([](QDialog &d) {
+        auto *dato = d.findChild<QLineEdit *>(QStringLiteral("DatoABuscar"));
+        auto *memos = d.findChild<QCheckBox *>(QStringLiteral("MostrarCamposMemo"));
+        auto *grid = d.findChild<QTableView *>(QStringLiteral("DBGrid1"));
+        ASSERT_TRUE(dato && memos && grid);
+        memos->click();
+        dato->setText(QStringLiteral("43"));
+        Q_EMIT dato->textEdited(dato->text());
+        pulsar(dato, Qt::Key_Return);
+        pulsar(grid, Qt::Key_Return);
+    });
+    EXPECT_EQ(proveedor(), QStringLiteral("43"));
+    f2EnProveedor([](QDialog &d) {
+        auto *dato = d.findChild<QLineEdit *>(QStringLiteral("DatoABuscar"));
+        auto *grid = d.findChild<QTableView *>(QStringLiteral("DBGrid1"));
+        ASSERT_TRUE(dato && grid);
+        dato->setText(QStringLiteral("43"));
+        Q_EMIT dato->textEdited(dato->text());
+        pulsar(dato, Qt::Key_Return);
+        ASSERT_GE(grid->model()->rowCount(), 1);
+        QStringList fila;
+        for (int c = 0; c < grid->model()->columnCount(); ++c)
+            fila << grid->model()->index(0, c).data().toString();
+        EXPECT_TRUE(fila.contains(QStringLiteral("Llamar antes de las 8"))) << fila.join(u'|').toStdString();
+    });
+}
+
 INSTANTIATE_TEST_SUITE_P(Backends, SearchWindow,
                          ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
-                         test::backendName);
+                         co::test::backendName);
 
 } // namespace
 } // namespace co::ui
