@@ -68,14 +68,8 @@ void TfGENEBUSA::Buscar() {
     }
     ultimaSentencia_ = QStringLiteral("SELECT * FROM ") + tabla_ + where;
     filas_->Close();
-    filas_->SQL = ultimaSentencia_;
-    try {
-        filas_->Open();
-    } catch (const EDatabaseError &) {
-        return;
-    }
-    PrepararColumnasBusqueda(*grid_, QStringLiteral("T") + Name, opciones_);
-    if (!filas_->IsEmpty())
+    if (AbrirResultadosBusqueda(*filas_, ultimaSentencia_, *grid_, QStringLiteral("T") + Name, opciones_) &&
+        !filas_->IsEmpty())
         SetFocus(grid_);
 }
 

@@ -27,6 +27,18 @@ QString TextoClaveFila(const Dataset &filas, const QStringList &clave, bool solo
     return valores.join(QStringLiteral("\r\n"));
 }
 
+bool AbrirResultadosBusqueda(Query &filas, const QString &sql, DBGrid &grid, const QString &claseForm,
+                             const OpcionesBusqueda &o) {
+    filas.SQL = sql;
+    try {
+        filas.Open();
+    } catch (const EDatabaseError &) {
+        return false;
+    }
+    PrepararColumnasBusqueda(grid, claseForm, o);
+    return true;
+}
+
 void PrepararColumnasBusqueda(DBGrid &grid, const QString &claseForm, const OpcionesBusqueda &o) {
     Dataset *ds = grid.DataSet();
     if (!ds)
@@ -282,14 +294,7 @@ void TfGENEBUSQ::ejecutar(const QString &sql) {
     filas_->Close();
     CancelarFiltros(*filas_);
     filas_->SetFilter({});
-    filas_->SQL = ultimaSentencia_;
-    try {
-        filas_->Open();
-    } catch (const EDatabaseError &) {
-        // A failing statement is silent: the window stays with no rows.
-        return;
-    }
-    PrepararColumnasBusqueda(*grid_, QStringLiteral("T") + Name, opciones_);
+    AbrirResultadosBusqueda(*filas_, ultimaSentencia_, *grid_, QStringLiteral("T") + Name, opciones_);
 }
 
 void TfGENEBUSQ::Conforme() {

@@ -59,6 +59,10 @@ QString TextoClaveFila(const Dataset &filas, const QStringList &clave, bool solo
 
 // Column titles, hidden columns and display formats of a search grid's answer.
 void PrepararColumnasBusqueda(DBGrid &grid, const QString &claseForm, const OpcionesBusqueda &o);
+// Runs a search statement into the rows shown by `grid` and prepares its columns;
+// a failing statement is silent (false) and leaves no rows.
+bool AbrirResultadosBusqueda(Query &filas, const QString &sql, DBGrid &grid, const QString &claseForm,
+                             const OpcionesBusqueda &o);
 
 class TfGENEBUSQ : public Form {
 public:

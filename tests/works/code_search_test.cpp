@@ -2,7 +2,7 @@
 // search on the right table and puts the chosen code in the record; on the key
 // column it finds a record of the master itself.
 #include "forms/key_map.h"
-#include "support/layer_fixture.h"
+#include "works_fixture.h"
 #include "support/screen_test.h"
 #include "works/machines_master.h"
 #include "works/subcontracts_master.h"
@@ -14,19 +14,8 @@ namespace {
 
 using co::test::ScreenTest;
 
-class CodeSearch : public co::test::LayerTest {
+class CodeSearch : public WorksScreenTest {
 protected:
-    void SetUp() override {
-        LayerTest::SetUp();
-        creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
-        datos_->setTableCreator(creador_.get());
-    }
-    void TearDown() override {
-        if (datos_)
-            datos_->setTableCreator(nullptr);
-        creador_.reset();
-        LayerTest::TearDown();
-    }
     // The search hooks answer `codigo` and note the tables asked for.
     void ganchos(forms::RutinasFormulario &r, const QString &codigo) {
         r.Ventanas.BuscarEnTabla = [this, codigo](const QString &tabla) {
@@ -37,7 +26,6 @@ protected:
             pedidas_ << QStringLiteral("registro ") + t.TableName();
         };
     }
-    std::unique_ptr<CreadorTablas> creador_;
     QStringList pedidas_;
 };
 

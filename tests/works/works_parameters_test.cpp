@@ -1,7 +1,7 @@
 // The works parameters screen and the works data module, on both back-ends:
 // the single row made with its defaults, saving and cancelling, the refusal of
 // a second row, and the module seeing the new values once the screen closes.
-#include "support/layer_fixture.h"
+#include "works_fixture.h"
 #include "support/screen_test.h"
 #include "works/works_data.h"
 #include "works/works_parameters.h"
@@ -13,19 +13,8 @@ namespace {
 
 using co::test::ScreenTest;
 
-class WorksParameters : public co::test::LayerTest {
+class WorksParameters : public WorksScreenTest {
 protected:
-    void SetUp() override {
-        LayerTest::SetUp();
-        creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
-        datos_->setTableCreator(creador_.get());
-    }
-    void TearDown() override {
-        if (datos_)
-            datos_->setTableCreator(nullptr);
-        creador_.reset();
-        LayerTest::TearDown();
-    }
     QString rows() { return datos_->EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM PARAOBRA")); }
     void type(ScreenTest<TfOBRAPARA> &s, const QString &campo, const QString &texto) {
         forms::Table &t = s.form().Table1();
@@ -35,7 +24,6 @@ protected:
             t.FieldByName(campo).SetAsString(texto);
         }));
     }
-    std::unique_ptr<CreadorTablas> creador_;
 };
 
 TEST_P(WorksParameters, AFirstOpeningLeavesOneRowWithTheDefaults) {
