@@ -1,6 +1,6 @@
 #include "ui/desktop_session.h"
-#include "ui/screens.h"
 #include "ui/form_view.h"
+#include "ui/screens.h"
 
 #include "core/rights.h"
 #include "core/users.h"
@@ -8,20 +8,21 @@
 
 #include "core/activity_log.h"
 #include "forms/keystroke_log.h"
+#include "forms/searches.h"
 
 #include <QAction>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QSysInfo>
 #include <QApplication>
 #include <QDateTime>
 #include <QEvent>
-#include <QInputDialog>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QSysInfo>
 
 namespace co::ui {
 
 DesktopSession::DesktopSession(OpcionesArranque opciones, MessagePort *port)
-    : port_(port ? port : &dialogs_), aplicacion_(std::make_unique<Aplicacion>(std::move(opciones), port_)) {}
+    : port_(port ? port : &dialogs_),
+      aplicacion_(std::make_unique<Aplicacion>(std::move(opciones), port_)) {}
 
 DesktopSession::~DesktopSession() {
     if (qApp)
@@ -39,9 +40,11 @@ bool DesktopSession::Arrancar() {
         [this, &datos](const QString &programa) {
             return UsuarioAccedePrograma(datos, aplicacion_->sesion().CodigoUsuario, programa);
         },
-        [this](const QString &ventana, const QString &accion) { registrarActividad(ventana, accion); });
+        [this](const QString &ventana, const QString &accion) {
+            registrarActividad(ventana, accion);
+        });
     dialogs_.setParent(ventana_.get());
-    RegistrarPantallas(*ventana_, *aplicacion_, [this] {
+    forms::Busquedas &busquedas = RegistrarPantallas(*ventana_, *aplicacion_, [this] {
         if (obra_)
             obra_->RefrescarParametros();
         aplicarParametrosObra();
@@ -51,14 +54,11 @@ bool DesktopSession::Arrancar() {
         for (QAction *a : ventana_->findChildren<QAction *>())
             if (!a->text().isEmpty())
                 a->setText(traductor->TraducirTexto(a->text()));
-    ventana_->setCambioEmpresa([this] {
-        const QString filas = aplicacion_->datos().EjecutarSQL(
-            QStringLiteral("SELECT Codigo, Nombre FROM EMPRESA ORDER BY Codigo"), QStringLiteral("DatabaseGeneral"));
-        bool ok = false;
-        const QString elegida = QInputDialog::getItem(ventana_.get(), QStringLiteral("Empresas"), QStringLiteral("Empresa:"),
-                                                      filas.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts), 0, false, &ok);
-        if (ok)
-            CambiarEmpresa(elegida.section(u'|', 0, 0).toInt());
+    // The company is picked in the search window on EMPRESA; its first column is the code.
+    ventana_->setCambioEmpresa([this, &busquedas] {
+        if (const forms::ResultadoBusqueda elegida =
+                busquedas.BuscarEnTabla(QStringLiteral("EMPRESA")))
+            CambiarEmpresa(elegida->value(0).toInt());
     });
     ventana_->setAlCerrar([this] { finalizarControlesOcultos(); });
     ventana_->setCambioMoneda([this](bool) {
@@ -79,7 +79,8 @@ bool DesktopSession::Arrancar() {
     ventana_->MostrarEmpresa(aplicacion_->Abreviatura);
     crearModulosDatos();
     QString activos;
-    ValorUsuario(datos, aplicacion_->sesion().CodigoUsuario, QStringLiteral("ProgramasActivos"), activos, QString());
+    ValorUsuario(datos, aplicacion_->sesion().CodigoUsuario, QStringLiteral("ProgramasActivos"),
+                 activos, QString());
     ventana_->menu().PrimeraActivacion(ListaValorUsuario(activos));
 
     const QString minutos = aplicacion_->configuracion().TiempoForzarTerminacionAplicacion;
@@ -152,7 +153,8 @@ bool DesktopSession::CambiarEmpresa(int codigo) {
     ventana_->MostrarEmpresa(aplicacion_->Abreviatura);
     crearModulosDatos();
     QString activos;
-    ValorUsuario(aplicacion_->datos(), sesion.CodigoUsuario, QStringLiteral("ProgramasActivos"), activos, QString());
+    ValorUsuario(aplicacion_->datos(), sesion.CodigoUsuario, QStringLiteral("ProgramasActivos"),
+                 activos, QString());
     ventana_->menu().PrimeraActivacion(ListaValorUsuario(activos));
     return true;
 }
@@ -172,7 +174,9 @@ bool DesktopSession::eventFilter(QObject *watched, QEvent *event) {
 
 void DesktopSession::comprobarInactividad() {
     bool ok = false;
-    const qint64 limite = aplicacion_->configuracion().TiempoForzarTerminacionAplicacion.trimmed().toLongLong(&ok) * 60;
+    const qint64 limite =
+        aplicacion_->configuracion().TiempoForzarTerminacionAplicacion.trimmed().toLongLong(&ok) *
+        60;
     if (ok && QDateTime::currentSecsSinceEpoch() - instanteActividad_ > limite) {
         inactividad_.stop();
         qApp->quit();

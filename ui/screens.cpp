@@ -36,8 +36,9 @@ forms::OpcionesBusqueda opcionesBusqueda(Aplicacion &aplicacion) {
     o.usuario = aplicacion.sesion().CodigoUsuario;
     o.desactivarIndicesPorUsuario = c.DesactivarIndicesPorUsuarioEnBusquedas;
     o.busquedaAproximadaActivada = c.BusquedaAproximadaActivada;
-    o.ocultos = ControlesNoVisibles::Leer(aplicacion.datos(), o.usuario, c.ModoAdministradorActivado,
-                                          c.ModoControlesNoVisiblesActivado);
+    o.ocultos =
+        ControlesNoVisibles::Leer(aplicacion.datos(), o.usuario, c.ModoAdministradorActivado,
+                                  c.ModoControlesNoVisiblesActivado);
     o.carpetaPrograma = QCoreApplication::applicationDirPath();
     o.rutaEstructuras = aplicacion.creador().RutaEstructuras();
     return o;
@@ -51,36 +52,42 @@ struct Contexto {
 };
 
 template <class Pantalla>
-void registrar(const Contexto &c, const char *nombre, std::function<void(Pantalla &)> ajustar = {}) {
-    c.ventana.RegistrarPantalla(QString::fromLatin1(nombre), [c, ajustar](QWidget *parent) -> QWidget * {
-        auto pantalla = std::make_unique<Pantalla>(c.aplicacion.datos());
-        if (ajustar)
-            ajustar(*pantalla);
-        forms::RutinasFormulario &rutinas = pantalla->Rutinas();
-        forms::PrepararForm(*pantalla, rutinas, opcionesPreparacion(c.aplicacion));
-        TfOBRAMENU &ventana = c.ventana;
-        forms::PresentarMonedas(*pantalla, c.aplicacion.monedas(), [&ventana] { return ventana.VerOtraMoneda(); });
-        AperturaTablas apertura(c.aplicacion.datos(), c.aplicacion.creador());
-        if (!pantalla->Abrir(apertura))
-            return nullptr;
-        c.busquedas.Conectar(rutinas.Ventanas);
-        return new FormView(std::move(pantalla), rutinas, parent);
-    });
+void registrar(const Contexto &c, const char *nombre,
+               std::function<void(Pantalla &)> ajustar = {}) {
+    c.ventana.RegistrarPantalla(
+        QString::fromLatin1(nombre), [c, ajustar](QWidget *parent) -> QWidget * {
+            auto pantalla = std::make_unique<Pantalla>(c.aplicacion.datos());
+            if (ajustar)
+                ajustar(*pantalla);
+            forms::RutinasFormulario &rutinas = pantalla->Rutinas();
+            forms::PrepararForm(*pantalla, rutinas, opcionesPreparacion(c.aplicacion));
+            TfOBRAMENU &ventana = c.ventana;
+            forms::PresentarMonedas(*pantalla, c.aplicacion.monedas(),
+                                    [&ventana] { return ventana.VerOtraMoneda(); });
+            AperturaTablas apertura(c.aplicacion.datos(), c.aplicacion.creador());
+            if (!pantalla->Abrir(apertura))
+                return nullptr;
+            c.busquedas.Conectar(rutinas.Ventanas);
+            return new FormView(std::move(pantalla), rutinas, parent);
+        });
 }
 
 } // namespace
 
-void RegistrarPantallas(TfOBRAMENU &ventana, Aplicacion &aplicacion, std::function<void()> parametrosObraCambiados) {
-    auto *escritorio =
-        new BusquedasEscritorio(aplicacion.datos(), [&aplicacion] { return opcionesBusqueda(aplicacion); }, &ventana);
+forms::Busquedas &RegistrarPantallas(TfOBRAMENU &ventana, Aplicacion &aplicacion,
+                                     std::function<void()> parametrosObraCambiados) {
+    auto *escritorio = new BusquedasEscritorio(
+        aplicacion.datos(), [&aplicacion] { return opcionesBusqueda(aplicacion); }, &ventana);
     const Contexto c{ventana, aplicacion, escritorio->busquedas()};
     registrar<works::TfOBRAUNID>(c, "fOBRAUNID");
     registrar<works::TfOBRAMAQU>(c, "fOBRAMAQU");
     registrar<works::TfOBRASUBC>(c, "fOBRASUBC");
     registrar<works::TfOBRAINCI>(c, "fOBRAINCI");
     registrar<works::TfNOMICATE>(c, "fNOMICATE");
-    registrar<works::TfOBRAPARA>(
-        c, "fOBRAPARA", [parametrosObraCambiados](works::TfOBRAPARA &p) { p.AlCerrar = parametrosObraCambiados; });
+    registrar<works::TfOBRAPARA>(c, "fOBRAPARA", [parametrosObraCambiados](works::TfOBRAPARA &p) {
+        p.AlCerrar = parametrosObraCambiados;
+    });
+    return c.busquedas;
 }
 
 } // namespace co::ui

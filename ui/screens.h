@@ -8,10 +8,15 @@
 
 #include <functional>
 
+namespace co::forms {
+class Busquedas;
+}
+
 namespace co::ui {
 
-// `parametrosObraCambiados` runs when the works parameters screen closes.
-void RegistrarPantallas(TfOBRAMENU &ventana, Aplicacion &aplicacion,
-                        std::function<void()> parametrosObraCambiados = {});
+// `parametrosObraCambiados` runs when the works parameters screen closes. The
+// searches the screens share are returned; the main window owns them.
+forms::Busquedas &RegistrarPantallas(TfOBRAMENU &ventana, Aplicacion &aplicacion,
+                                     std::function<void()> parametrosObraCambiados = {});
 
 } // namespace co::ui

@@ -9,13 +9,17 @@
 #include "works/works_parameters.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QFile>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 namespace co::ui {
@@ -159,6 +163,45 @@ TEST_P(WorksScreens, TheCurrencyEntryInvertsShowsItsPanelAndTellsTheOpenScreens)
     EXPECT_TRUE(ventana.VerOtraMoneda());
     EXPECT_EQ(ventana.PanelMoneda(), SimboloMonedaMostrada(true, euro));
     EXPECT_EQ(avisos, 1);
+}
+
+TEST_P(WorksScreens, TheCompanyIsChangedThroughTheSearchWindow) {
+    DesktopSession session(opciones(QStringLiteral("ADMIN")), &port_);
+    ASSERT_TRUE(session.Arrancar());
+    TModuloDatos &datos = session.aplicacion().datos();
+    ASSERT_FALSE(
+        datos
+            .EjecutarSQL(QStringLiteral("INSERT INTO EMPRESA (Codigo, Nombre, Abreviatura) "
+                                        "VALUES (2, 'Segunda empresa', 'SEGUNDA')"),
+                         QStringLiteral("DatabaseGeneral"))
+            .startsWith(QStringLiteral("Error.")));
+    usuario(session, QStringLiteral("Empresas = '2'"));
+    auto elegir = [](const QString &codigo) {
+        QTimer::singleShot(0, [codigo] {
+            auto *d = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            ASSERT_NE(d, nullptr);
+            EXPECT_EQ(d->windowTitle(), QStringLiteral("Buscar en la tabla EMPRESA"));
+            auto *dato = d->findChild<QLineEdit *>(QStringLiteral("DatoABuscar"));
+            auto *grid = d->findChild<QTableView *>(QStringLiteral("DBGrid1"));
+            ASSERT_TRUE(dato && grid);
+            dato->setText(codigo);
+            Q_EMIT dato->textEdited(codigo);
+            QTest::keyClick(dato, Qt::Key_Return);
+            if (codigo.isEmpty())
+                QTest::keyClick(dato, Qt::Key_Escape);
+            else
+                QTest::keyClick(grid, Qt::Key_Return);
+        });
+    };
+    elegir(QStringLiteral("2"));
+    session.ventana()->accion(QStringLiteral("CambioEmpresa1"))->trigger();
+    EXPECT_EQ(session.aplicacion().sesion().CodigoEmpresa, 2)
+        << port_.texts().join(u'\n').toStdString();
+    EXPECT_EQ(session.ventana()->windowTitle(), QStringLiteral("Control de Obras: SEGUNDA"));
+    // Leaving the window without a row keeps the company.
+    elegir(QString());
+    session.ventana()->accion(QStringLiteral("CambioEmpresa1"))->trigger();
+    EXPECT_EQ(session.aplicacion().sesion().CodigoEmpresa, 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(Backends, WorksScreens,
