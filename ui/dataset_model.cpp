@@ -134,15 +134,18 @@ void DatasetModel::readChunk(int count) {
     run_([&] {
         if (pending)
             return; // moving off would post; show the pending record only
+        // Fields are looked up once per chunk, not once per row.
+        QList<forms::Field *> fields;
+        for (const forms::GridColumn &c : grid_.Columns)
+            fields << d->FindField(c.FieldName);
         for (d->First(); !d->Eof() && rows_.size() < count; d->Next()) {
             marks_ << d->GetBookmark();
             QStringList r;
-            for (const forms::GridColumn &c : grid_.Columns) {
-                forms::Field *f = d->FindField(c.FieldName);
+            r.reserve(fields.size());
+            for (forms::Field *f : std::as_const(fields))
                 r << (!f                                   ? QString()
                       : f->DataType() == TipoCampo::ftMemo ? QStringLiteral(" ...")
                                                            : f->DisplayText());
-            }
             rows_ << r;
         }
         atEnd_ = d->Eof();
