@@ -157,7 +157,7 @@ void BM_ListingTableToPdf(benchmark::State &state) {
     double first = 0, fill = 0;
     long peak = 0;
     for (auto _ : state) {
-        resetPeak();
+        co::bench::ResetPeakMemory();
         QElapsedTimer clock;
         clock.start();
         TablaListado tabla(*inst->datos, *inst->creador, QStringLiteral("fBENCH"));
@@ -185,7 +185,7 @@ void BM_ListingTableToPdf(benchmark::State &state) {
             ResultadoComposicion::Completo)
             state.SkipWithError(motivo.toUtf8().constData());
         first = sink.firstMs();
-        peak = peakKb();
+        peak = co::bench::PeakMemoryKb();
     }
     state.counters["fill_ms"] = fill;
     state.counters["first_page_ms"] = first; // the fill included, as the preview sees it

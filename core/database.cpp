@@ -261,9 +261,19 @@ QString TModuloDatos::BaseDatosDeTabla(const QString &tabla) const {
                                                            : QStringLiteral("Database");
 }
 
+QString TModuloDatos::ConsultaCatalogo(const QString &sql, const QString &tabla, const QString &conexion,
+                                       bool releer) {
+    if (EsTablaTemporal(tabla) || releer) {
+        const QString result = EjecutarSQL(sql, conexion, QStringLiteral("Silenciosa"));
+        if (!esError(result) && !EsTablaTemporal(tabla))
+            metadatos_.store(sql, result);
+        return result;
+    }
+    return EjecutarSQLCache(sql, metadatos_, QStringLiteral("Silenciosa"), conexion);
+}
+
 QString TModuloDatos::catalog(const QString &sql, const QString &tabla, const QString &conexion) {
-    const QString result = EsTablaTemporal(tabla) ? EjecutarSQL(sql, conexion, QStringLiteral("Silenciosa"))
-                                                  : EjecutarSQLCache(sql, metadatos_, QStringLiteral("Silenciosa"), conexion);
+    const QString result = ConsultaCatalogo(sql, tabla, conexion);
     if (esError(result))
         return {};
     QStringList names = result.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);

@@ -69,6 +69,10 @@ public:
                                              const QStringList &campos);
     QString ClavePrimaria(const QString &tabla, const QString &indice = {});
     QString ColumnasTabla(const QString &tabla, const QString &opciones = {});
+    // Result text of a catalog statement about `tabla`, remembered for the session
+    // (temporary tables are read every time); `releer` reads it again.
+    QString ConsultaCatalogo(const QString &sql, const QString &tabla, const QString &conexion,
+                             bool releer = false);
 
     qlonglong SiguienteNumero(const RecordView &tabla, qlonglong incremento = 1, qlonglong maximo = -1,
                               qlonglong minimo = -1);

@@ -24,6 +24,8 @@ public:
     int FieldIndex(const QString &name) const; // -1 when absent, case-insensitive
     QVariant Value(int row, const QString &field) const;
     QVariant Value(int row, int column) const { return rows_.at(row).at(column); }
+    // One row's values in column order; shared, not copied.
+    const QVariantList &Row(int row) const { return rows_.at(row); }
     QString Text(int row, const QString &field) const;
 
     // Used by the statement layer.

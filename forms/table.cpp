@@ -177,14 +177,8 @@ std::vector<Dataset::Row> Table::fetch(const QStringList &conditions, bool desce
     }
     std::vector<Row> rows;
     rows.reserve(static_cast<std::size_t>(q.RecordCount()));
-    const int n = static_cast<int>(columns_.size());
-    for (int r = 0; r < q.RecordCount(); ++r) {
-        Row row;
-        row.reserve(n);
-        for (int c = 0; c < n; ++c)
-            row << q.Value(r, c);
-        rows.push_back(std::move(row));
-    }
+    for (int r = 0; r < q.RecordCount(); ++r)
+        rows.push_back(q.Row(r));
     if (descending)
         std::reverse(rows.begin(), rows.end());
     return rows;
@@ -211,10 +205,12 @@ QList<Dataset::ColumnInfo> Table::srcOpen() {
                                              QStringLiteral("Silenciosa,No Crear Tabla"));
         throw EDatabaseError(isError(r) ? motivo(r) : QStringLiteral("Table does not exist"));
     }
-    const QHash<QString, DeclaredColumn> declared =
-        ColumnasDeclaradas(datos_, tableName_, ConnectionWord());
-    QList<ColumnInfo> out;
     columns_.clear();
+    for (const ResultColumn &c : probe.Fields())
+        columns_ << c.name;
+    const QHash<QString, DeclaredColumn> declared =
+        ColumnasDeclaradas(datos_, tableName_, ConnectionWord(), columns_);
+    QList<ColumnInfo> out;
     for (const ResultColumn &c : probe.Fields()) {
         ColumnInfo info;
         info.name = c.name;
@@ -222,7 +218,6 @@ QList<Dataset::ColumnInfo> Table::srcOpen() {
         info.type = d.type != TipoCampo::ftUnknown ? d.type : TipoDeColumna(c.kind);
         info.size = d.size;
         info.required = d.notNull;
-        columns_ << c.name;
         out << info;
     }
     primaryKey_ = datos_.ClavePrimaria(tableName_).split(u';', Qt::SkipEmptyParts);

@@ -22,9 +22,12 @@ struct DeclaredColumn {
 // "numeric(28,8)", "timestamp without time zone"...); ftUnknown when unknown.
 DeclaredColumn TipoDeclarado(const QString &declared);
 
-// Columns by lower-case name; empty when the catalog gives nothing.
+// Columns by lower-case name; empty when the catalog gives nothing. The catalog
+// answer is remembered by `datos`; it is read again when one of `columnas` (the
+// columns the table shows now) is missing from it, as after a column was added.
 QHash<QString, DeclaredColumn> ColumnasDeclaradas(TModuloDatos &datos, const QString &tabla,
-                                                  const QString &conexion);
+                                                  const QString &conexion,
+                                                  const QStringList &columnas = {});
 
 // How the back-end keeps two writers of one row apart: with a row lock taken on
 // entering Edit (`lockSuffix` added to a SELECT of the row), or by checking at

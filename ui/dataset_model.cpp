@@ -33,12 +33,11 @@ QString DatasetModel::text(int row, int gridColumn) const {
     const bool live = d && d->IsPending() && (row == rows_.size() || row == currentRow());
     if (!live)
         return rows_.value(row).value(gridColumn);
-    return cellText(c);
+    return cellText(d->FindField(c.FieldName));
 }
 
 // The current record's text for a column: memos as a mark, or on one line.
-QString DatasetModel::cellText(const forms::GridColumn &c) const {
-    const forms::Field *f = dataset()->FindField(c.FieldName);
+QString DatasetModel::cellText(const forms::Field *f) const {
     if (!f)
         return {};
     if (f->DataType() != TipoCampo::ftMemo)
@@ -120,7 +119,7 @@ void DatasetModel::fetchMore(const QModelIndex &parent) {
             marks << d->GetBookmark();
             QStringList r;
             for (const forms::GridColumn &c : grid_.Columns)
-                r << cellText(c);
+                r << cellText(d->FindField(c.FieldName));
             more << r;
         }
         atEnd_ = d->Eof();
@@ -148,11 +147,16 @@ void DatasetModel::readChunk(int count) {
     run_([&] {
         if (pending)
             return; // moving off would post; show the pending record only
+        // Fields are looked up once per chunk, not once per row.
+        QList<forms::Field *> fields;
+        for (const forms::GridColumn &c : grid_.Columns)
+            fields << d->FindField(c.FieldName);
         for (d->First(); !d->Eof() && rows_.size() < count; d->Next()) {
             marks_ << d->GetBookmark();
             QStringList r;
-            for (const forms::GridColumn &c : grid_.Columns)
-                r << cellText(c);
+            r.reserve(fields.size());
+            for (const forms::Field *f : std::as_const(fields))
+                r << cellText(f);
             rows_ << r;
         }
         atEnd_ = d->Eof();

@@ -44,7 +44,7 @@ public:
 private:
     forms::Dataset *dataset() const { return grid_.DataSet(); }
     QString text(int row, int gridColumn) const;
-    QString cellText(const forms::GridColumn &column) const;
+    QString cellText(const forms::Field *field) const;
     void readChunk(int count);
 
     forms::DBGrid &grid_;
