@@ -88,6 +88,9 @@ bool teclaRejilla(Form &form, RutinasFormulario &rutinas, const Tecla &t) {
         grid->MultiSelect = !grid->MultiSelect;
         return true;
     }
+    // A screen deletes the grid's record or line on Ctrl+Delete in its `<Grid>KeyDown`.
+    if (es(t, Qt::Key_Delete, Qt::ControlModifier))
+        return form.CallHandler(grid->Name() + QStringLiteral("KeyDown"), grid);
     if ((t.key == Qt::Key_Return || t.key == Qt::Key_Enter) &&
         (t.modifiers & kMods) == Qt::ControlModifier) {
         form.CallHandler(grid->Name() + QStringLiteral("EditButtonClick"), grid);

@@ -3,6 +3,7 @@
 #include "core/general_parameters_table.h"
 #include "core/session.h"
 #include "forms/standard_handlers.h"
+#include "works/numbered_document.h"
 
 namespace co::works {
 
@@ -75,12 +76,18 @@ MaestroTabla::MaestroTabla(TModuloDatos &datos, const QString &nombre, const QSt
     en("pbSalirClick", [this] { Close(); });
     en("Cerrar1Click", [this] { Close(); });
     en("FormCloseQuery", [this] { rutinas_.ConfirmarCierreForm(*this); });
-    en("Table1NewRecord", [this] { ValoresIniciales(); });
+    en("Table1NewRecord", [this] {
+        ValoresIniciales();
+        if (!campoNumero_.isEmpty())
+            NumeroNuevo(*table1_, campoNumero_);
+    });
     en("Table1CalcFields", [this] { CalcularCampos(); });
     en("Table1BeforePost", [this] {
         ComprobarListasAlGrabar();
         if (!ValidacionWinControl(nullptr))
             Abort();
+        if (!campoNumero_.isEmpty())
+            ReasignarNumeroRepetido(*table1_, campoNumero_, rutinas_);
         AntesGrabar();
     });
     en("Table1AfterPost", [this] { rutinas_.DespuesGrabarRegistro(*table1_); });

@@ -76,6 +76,9 @@ protected:
 
     // `GrabarDatos`: posts; a refusal is told, cancels and aborts.
     void GrabarDatos();
+    // Makes the screen a numbered document on `campo` (numbered_document.h);
+    // a screen of any family calls it in its constructor.
+    void NumerarDocumento(const QString &campo) { campoNumero_ = campo; }
     forms::FamiliaFormulario Familia() const { return familia_; }
     Messenger &Mensajes() const;
 
@@ -85,6 +88,7 @@ private:
     forms::RutinasFormulario rutinas_;
     forms::Table *table1_ = nullptr;
     forms::DataSource *source1_ = nullptr;
+    QString campoNumero_;
 };
 
 // The general parameter `campo` as text; empty when unreadable.

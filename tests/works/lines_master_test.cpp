@@ -1,0 +1,252 @@
+// The master-with-lines family and numbered documents headless, on both
+// back-ends, over two test tables: headers keyed by Numero and their lines
+// keyed by Numero and Linea.
+#include "core/session.h"
+#include "forms/key_map.h"
+#include "support/screen_test.h"
+#include "works/lines_master.h"
+#include "works_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace co::works {
+namespace {
+
+using co::test::ScreenTest;
+using forms::DatasetState;
+
+DeclaracionFicha cabecera() {
+    return {QStringLiteral("fPRUELINE"),
+            QStringLiteral("Documento de Prueba"),
+            QStringLiteral("PRUCAB"),
+            QStringLiteral("Numero"),
+            {{QStringLiteral("Numero"), QStringLiteral("Número"), {}},
+             {QStringLiteral("Descripcion"), QStringLiteral("Descripción"), {}}},
+            false};
+}
+
+class PantallaLineas : public MaestroConLineas {
+public:
+    explicit PantallaLineas(TModuloDatos &datos)
+        : MaestroConLineas(datos, cabecera(),
+                           {QStringLiteral("PRULINEA"),
+                            QStringLiteral("Linea"),
+                            {{QStringLiteral("Linea"), QStringLiteral("Línea")},
+                             {QStringLiteral("Texto"), QStringLiteral("Texto")}}}) {
+        NumerarDocumento(QStringLiteral("Numero"));
+    }
+};
+
+class FichaDocumento : public MaestroFicha {
+public:
+    explicit FichaDocumento(TModuloDatos &datos) : MaestroFicha(datos, cabecera()) {
+        NumerarDocumento(QStringLiteral("Numero"));
+    }
+};
+
+class LinesMaster : public WorksScreenTest {
+protected:
+    void SetUp() override {
+        WorksScreenTest::SetUp();
+        if (HasFatalFailure())
+            return;
+        ok(QStringLiteral("CREATE TABLE PRUCAB (Numero INTEGER NOT NULL, Descripcion "
+                          "VARCHAR(40) DEFAULT '', CONSTRAINT PRUCAB_Clave1 PRIMARY KEY (Numero))"));
+        // A line with the text "MAL" is refused by the database.
+        ok(QStringLiteral("CREATE TABLE PRULINEA (Numero INTEGER NOT NULL, Linea INTEGER NOT NULL, "
+                          "Texto VARCHAR(40) DEFAULT '' CHECK (Texto <> 'MAL'), "
+                          "CONSTRAINT PRULINEA_Clave1 PRIMARY KEY (Numero, Linea))"));
+        for (int n : {1, 2})
+            ok(QStringLiteral("INSERT INTO PRUCAB (Numero, Descripcion) VALUES (%1, 'Doc %1')").arg(n));
+    }
+    void lineas(int numero, int cuantas) {
+        for (int l = 1; l <= cuantas; ++l)
+            ok(QStringLiteral("INSERT INTO PRULINEA (Numero, Linea, Texto) VALUES (%1, %2, 'L%2')")
+                   .arg(numero)
+                   .arg(l));
+    }
+    QString cuenta(const QString &sql) { return ok(sql).trimmed(); }
+    // A new line typed in the lines grid, left pending.
+    static bool nuevaLinea(ScreenTest<PantallaLineas> &s, const QString &texto) {
+        return s.focus(QStringLiteral("DBGrid2")) && s.form().Rutinas().Ejecutar([&] {
+            s.form().Table2().Append();
+            s.form().Table2().FieldByName(QStringLiteral("Texto")).SetAsString(texto);
+        });
+    }
+    static QStringList lineasVistas(ScreenTest<PantallaLineas> &s) {
+        QStringList out;
+        forms::Table &t = s.form().Table2();
+        for (t.First(); !t.Eof(); t.Next())
+            out << t.FieldByName(QStringLiteral("Numero")).AsString() + u'/' +
+                       t.FieldByName(QStringLiteral("Linea")).AsString();
+        return out;
+    }
+    static bool ctrlSupr(ScreenTest<PantallaLineas> &s) {
+        bool consumida = false;
+        s.form().Rutinas().Ejecutar([&] {
+            consumida = ProcesarTeclaForm(s.form(), s.form().Rutinas(),
+                                          Tecla{Qt::Key_Delete, Qt::ControlModifier});
+        });
+        return consumida;
+    }
+};
+
+TEST_P(LinesMaster, LinesNumberThemselvesWithinTheirHeader) {
+    ScreenTest<PantallaLineas> s(*datos_);
+    ASSERT_TRUE(s.open());
+    s.form().Table1().First();
+    for (const char *t : {"a", "b", "c"}) {
+        ASSERT_TRUE(nuevaLinea(s, QString::fromLatin1(t)));
+        ASSERT_TRUE(s.click(QStringLiteral("pbConforme")));
+    }
+    EXPECT_EQ(lineasVistas(s), (QStringList{QStringLiteral("1/1"), QStringLiteral("1/2"),
+                                            QStringLiteral("1/3")}));
+    s.form().Table1().Next();
+    EXPECT_TRUE(lineasVistas(s).isEmpty()) << "the lines follow the header";
+    ASSERT_TRUE(nuevaLinea(s, QStringLiteral("d")));
+    ASSERT_TRUE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(lineasVistas(s), QStringList{QStringLiteral("2/1")});
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA WHERE Numero = 1")),
+              QStringLiteral("3"));
+    EXPECT_TRUE(messages_.shown().isEmpty()) << messages_.texts().join(u'|').toStdString();
+}
+
+TEST_P(LinesMaster, CtrlDeleteInTheLinesAsksBeforeDeletingALine) {
+    lineas(1, 2);
+    ScreenTest<PantallaLineas> s(*datos_);
+    ASSERT_TRUE(s.open());
+    s.form().Table1().First();
+    ASSERT_TRUE(s.focus(QStringLiteral("DBGrid2")));
+    s.form().Table2().Last();
+    messages_.answer(QStringLiteral("NO"));
+    EXPECT_TRUE(ctrlSupr(s));
+    EXPECT_EQ(messages_.texts(),
+              QStringList{QStringLiteral("¿ Está seguro de querer eliminar la linea ?")});
+    EXPECT_EQ(lineasVistas(s).size(), 2);
+    messages_.answer(QStringLiteral("SI"));
+    EXPECT_TRUE(ctrlSupr(s));
+    EXPECT_EQ(lineasVistas(s), QStringList{QStringLiteral("1/1")});
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA")), QStringLiteral("1"));
+}
+
+TEST_P(LinesMaster, DeletingTheHeaderTakesAllItsLinesOnlyOnYes) {
+    lineas(1, 3);
+    lineas(2, 2);
+    ScreenTest<PantallaLineas> s(*datos_);
+    ASSERT_TRUE(s.open());
+    s.form().Table1().First();
+    messages_.answer(QStringLiteral("NO"));
+    ASSERT_TRUE(s.click(QStringLiteral("Eliminar1")));
+    EXPECT_EQ(messages_.texts(),
+              QStringList{QStringLiteral(
+                  "¿Está seguro de querer eliminar el registro y todas sus líneas?")});
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRUCAB")), QStringLiteral("2"));
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA")), QStringLiteral("5"));
+    messages_.answer(QStringLiteral("SI"));
+    ASSERT_TRUE(s.click(QStringLiteral("Eliminar1")));
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRUCAB WHERE Numero = 1")),
+              QStringLiteral("0"));
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA WHERE Numero = 1")),
+              QStringLiteral("0"));
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA WHERE Numero = 2")),
+              QStringLiteral("2"));
+    EXPECT_EQ(s.form().Table1().FieldByName(QStringLiteral("Numero")).AsString(),
+              QStringLiteral("2"));
+    EXPECT_EQ(lineasVistas(s), (QStringList{QStringLiteral("2/1"), QStringLiteral("2/2")}));
+}
+
+TEST_P(LinesMaster, ThePendingLineIsPostedWithTheHeader) {
+    ScreenTest<PantallaLineas> s(*datos_);
+    ASSERT_TRUE(s.open());
+    s.form().Table1().First();
+    ASSERT_TRUE(s.edit(QStringLiteral("EditDescripcion"), QStringLiteral("Cambiada")));
+    ASSERT_TRUE(nuevaLinea(s, QStringLiteral("pendiente")));
+    EXPECT_EQ(s.form().Table1().State(), DatasetState::Edit);
+    EXPECT_EQ(s.form().Table2().State(), DatasetState::Insert);
+    ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] { s.form().Table1().Post(); }));
+    EXPECT_EQ(s.form().Table2().State(), DatasetState::Browse);
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT Texto FROM PRULINEA WHERE Numero = 1 AND Linea = 1")),
+              QStringLiteral("pendiente"));
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT Descripcion FROM PRUCAB WHERE Numero = 1")),
+              QStringLiteral("Cambiada"));
+}
+
+TEST_P(LinesMaster, ARefusedLineIsToldAndCancelled) {
+    ScreenTest<PantallaLineas> s(*datos_);
+    ASSERT_TRUE(s.open());
+    s.form().Table1().First();
+    ASSERT_TRUE(nuevaLinea(s, QStringLiteral("MAL")));
+    EXPECT_FALSE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(messages_.texts().value(messages_.texts().size() - 1),
+              QStringLiteral("¡ No se puede grabar la línea porque está bloqueada por otro usuario "
+                             "o porque el dato introducido no es válido !"));
+    EXPECT_EQ(s.form().Table2().State(), DatasetState::Browse);
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA")), QStringLiteral("0"));
+}
+
+TEST_P(LinesMaster, CancellingANewHeaderCancelsItsLine) {
+    ScreenTest<PantallaLineas> s(*datos_);
+    ASSERT_TRUE(s.open());
+    ASSERT_TRUE(s.click(QStringLiteral("Agregar")));
+    EXPECT_EQ(s.form().Table1().FieldByName(QStringLiteral("Numero")).AsString(),
+              QStringLiteral("3"))
+        << "a numbered document takes the next number";
+    ASSERT_TRUE(nuevaLinea(s, QStringLiteral("x")));
+    EXPECT_EQ(s.form().Table2().FieldByName(QStringLiteral("Numero")).AsString(),
+              QStringLiteral("3"));
+    ASSERT_TRUE(s.click(QStringLiteral("pbCancelar")));
+    EXPECT_EQ(s.form().Table1().State(), DatasetState::Browse);
+    EXPECT_EQ(s.form().Table2().State(), DatasetState::Browse);
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA")), QStringLiteral("0"));
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRUCAB")), QStringLiteral("2"));
+}
+
+// Two sessions on one installation take the same next number; the later post asks.
+TEST_P(LinesMaster, ANumberTakenByAnotherSessionIsReassignedOnYes) {
+    ScriptedMessages otrosMensajes;
+    TfGENEINIC otraSesion(settings_, &otrosMensajes);
+    QString motivo;
+    ASSERT_TRUE(otraSesion.Conectar(&motivo)) << motivo.toStdString();
+    TModuloDatos otrosDatos(otraSesion);
+    {
+        ScreenTest<FichaDocumento> a(*datos_);
+        ScreenTest<FichaDocumento> b(otrosDatos);
+        ASSERT_TRUE(a.open());
+        ASSERT_TRUE(b.open());
+        for (auto *s : {&a, &b}) {
+            ASSERT_TRUE(s->click(QStringLiteral("Agregar")));
+            EXPECT_EQ(s->form().Table1().FieldByName(QStringLiteral("Numero")).AsString(),
+                      QStringLiteral("3"));
+        }
+        ASSERT_TRUE(a.edit(QStringLiteral("EditDescripcion"), QStringLiteral("de A")));
+        ASSERT_TRUE(b.edit(QStringLiteral("EditDescripcion"), QStringLiteral("de B")));
+        ASSERT_TRUE(b.click(QStringLiteral("pbConforme")));
+        messages_.answer(QStringLiteral("SI"));
+        ASSERT_TRUE(a.click(QStringLiteral("pbConforme")));
+        EXPECT_EQ(messages_.texts(),
+                  QStringList{QStringLiteral("¿Desea que se reasigne uno nuevo?")});
+        EXPECT_EQ(cuenta(QStringLiteral("SELECT Descripcion FROM PRUCAB WHERE Numero = 3")),
+                  QStringLiteral("de B"));
+        EXPECT_EQ(cuenta(QStringLiteral("SELECT Descripcion FROM PRUCAB WHERE Numero = 4")),
+                  QStringLiteral("de A"));
+        // On "NO" the post is refused as any repeated key.
+        ASSERT_TRUE(a.click(QStringLiteral("pbCancelar")));
+        ASSERT_TRUE(a.click(QStringLiteral("Agregar")));
+        ASSERT_TRUE(b.click(QStringLiteral("pbCancelar")));
+        ASSERT_TRUE(b.click(QStringLiteral("Agregar")));
+        ASSERT_TRUE(b.edit(QStringLiteral("EditDescripcion"), QStringLiteral("otra de B")));
+        ASSERT_TRUE(b.click(QStringLiteral("pbConforme")));
+        messages_.clear();
+        messages_.answer(QStringLiteral("NO"));
+        EXPECT_FALSE(a.click(QStringLiteral("pbConforme")));
+        EXPECT_EQ(messages_.texts(),
+                  (QStringList{QStringLiteral("¿Desea que se reasigne uno nuevo?"),
+                               QStringLiteral("¡ Este registro ya existe !")}));
+        EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRUCAB")), QStringLiteral("5"));
+    }
+}
+
+CO_ON_BOTH_BACKENDS(LinesMaster);
+
+} // namespace
+} // namespace co::works
