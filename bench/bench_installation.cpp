@@ -13,23 +13,30 @@ std::map<Backend, std::unique_ptr<BenchInstallation>> &installations() {
 }
 } // namespace
 
+std::optional<InstallationSettings> AjustesBanco(Backend backend, const QString &folder, const QString &prefijo) {
+    InstallationSettings s;
+    s.PathBaseDatosGeneral = folder;
+    s.AliasBaseDatosGeneral = prefijo + QStringLiteral("general");
+    s.AliasBaseDatos = prefijo + QStringLiteral("empresa");
+    if (backend == Backend::PostgreSQL) {
+        const char *pg = std::getenv("CO_TEST_PG");
+        if (!pg)
+            return std::nullopt;
+        s.TipoBaseDatos = QStringLiteral("PostgreSQL");
+        s.ServidorBaseDatos = QString::fromLocal8Bit(pg);
+    }
+    return s;
+}
+
 BenchInstallation *SharedInstallation(Backend backend) {
     auto &slot = installations()[backend];
     if (slot)
         return slot.get();
     auto inst = std::make_unique<BenchInstallation>();
-    InstallationSettings s;
-    s.PathBaseDatosGeneral = inst->dir.path();
-    s.AliasBaseDatosGeneral = QStringLiteral("benchgeneral");
-    s.AliasBaseDatos = QStringLiteral("benchempresa");
-    if (backend == Backend::PostgreSQL) {
-        const char *pg = std::getenv("CO_TEST_PG");
-        if (!pg)
-            return nullptr;
-        s.TipoBaseDatos = QStringLiteral("PostgreSQL");
-        s.ServidorBaseDatos = QString::fromLocal8Bit(pg);
-    }
-    inst->sesion = std::make_unique<TfGENEINIC>(s, &inst->messages);
+    const auto s = AjustesBanco(backend, inst->dir.path(), QStringLiteral("bench"));
+    if (!s)
+        return nullptr;
+    inst->sesion = std::make_unique<TfGENEINIC>(*s, &inst->messages);
     QString motivo;
     if (!inst->sesion->Conectar(&motivo)) {
         std::fprintf(stderr, "%s\n", qPrintable(motivo));

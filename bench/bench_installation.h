@@ -9,6 +9,7 @@
 #include <QSqlDatabase>
 #include <QTemporaryDir>
 #include <memory>
+#include <optional>
 
 namespace co::bench {
 
@@ -19,6 +20,10 @@ struct BenchInstallation {
     QSqlDatabase raw; // the company connection, for the raw floors
     ScriptedMessages messages;
 };
+
+// Settings of a benchmark installation in `folder` whose aliases start with
+// `prefijo`; nullopt for PostgreSQL without CO_TEST_PG.
+std::optional<InstallationSettings> AjustesBanco(Backend backend, const QString &folder, const QString &prefijo);
 
 // nullptr when the back-end cannot be reached (no CO_TEST_PG for PostgreSQL).
 BenchInstallation *SharedInstallation(Backend backend);

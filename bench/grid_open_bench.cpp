@@ -4,6 +4,7 @@
 // must not grow with the table.
 #include "grid_open_bench.h"
 #include "core/database.h"
+#include "bench_installation.h"
 #include "core/session.h"
 #include "forms/form.h"
 #include "forms/table.h"
@@ -66,18 +67,10 @@ Rejilla *rejilla(Backend backend) {
     if (slot)
         return slot.get();
     auto r = std::make_unique<Rejilla>();
-    co::InstallationSettings s;
-    s.PathBaseDatosGeneral = r->dir.path();
-    s.AliasBaseDatosGeneral = QStringLiteral("gridgeneral");
-    s.AliasBaseDatos = QStringLiteral("gridempresa");
-    if (backend == Backend::PostgreSQL) {
-        const char *pg = std::getenv("CO_TEST_PG");
-        if (!pg)
-            return nullptr;
-        s.TipoBaseDatos = QStringLiteral("PostgreSQL");
-        s.ServidorBaseDatos = QString::fromLocal8Bit(pg);
-    }
-    r->sesion = std::make_unique<co::TfGENEINIC>(s, &r->messages);
+    const auto s = co::bench::AjustesBanco(backend, r->dir.path(), QStringLiteral("grid"));
+    if (!s)
+        return nullptr;
+    r->sesion = std::make_unique<co::TfGENEINIC>(*s, &r->messages);
     QString motivo;
     if (!r->sesion->Conectar(&motivo)) {
         std::fprintf(stderr, "%s\n", qPrintable(motivo));

@@ -8,6 +8,7 @@
 //   Materializar: MaterializarConsultaTemporal on the open query, layer included.
 // Compare each against Private of the same back-end in the same run.
 #include "core/materialised_query.h"
+#include "bench_installation.h"
 #include "core/session.h"
 #include "core/table_creation.h"
 
@@ -49,18 +50,10 @@ Instalacion *instalacion(Backend backend) {
     if (instalaciones.size() == 1)
         qAddPostRoutine([] { instalaciones.clear(); });
     auto inst = std::make_unique<Instalacion>();
-    co::InstallationSettings s;
-    s.PathBaseDatosGeneral = inst->dir.path();
-    s.AliasBaseDatosGeneral = QStringLiteral("benchtmpgeneral");
-    s.AliasBaseDatos = QStringLiteral("benchtmpempresa");
-    if (backend == Backend::PostgreSQL) {
-        const char *pg = std::getenv("CO_TEST_PG");
-        if (!pg)
-            return nullptr;
-        s.TipoBaseDatos = QStringLiteral("PostgreSQL");
-        s.ServidorBaseDatos = QString::fromLocal8Bit(pg);
-    }
-    inst->sesion = std::make_unique<co::TfGENEINIC>(s, &inst->messages);
+    const auto s = co::bench::AjustesBanco(backend, inst->dir.path(), QStringLiteral("benchtmp"));
+    if (!s)
+        return nullptr;
+    inst->sesion = std::make_unique<co::TfGENEINIC>(*s, &inst->messages);
     QString motivo;
     if (!inst->sesion->Conectar(&motivo))
         return nullptr;
