@@ -147,6 +147,9 @@ QString TModuloDatos::run(const QString &sql, const QString &conexion, const QSt
     QString why;
     if (!execCreating(*db, query, adapted, crear ? texto : QString(), conexion, &why))
         return fallo(kNoEsPosible, why, kHayError);
+    for (const char *cambio : {"CREATE", "ALTER", "DROP"})
+        if (verbo.compare(QLatin1String(cambio), Qt::CaseInsensitive) == 0)
+            metadatos_.clear();
 
     const bool leeFilas = principal ? (esSelect || verbo == u"EXEC") : esSelect;
     if (!leeFilas || !query.isSelect())

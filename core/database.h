@@ -69,8 +69,9 @@ public:
                                              const QStringList &campos);
     QString ClavePrimaria(const QString &tabla, const QString &indice = {});
     QString ColumnasTabla(const QString &tabla, const QString &opciones = {});
-    // Result text of a catalog statement about `tabla`, remembered for the session
-    // (temporary tables are read every time); `releer` reads it again.
+    // Result text of a catalog statement about `tabla`, remembered until a
+    // statement of this session changes a structure (CREATE, ALTER, DROP);
+    // temporary tables are read every time; `releer` reads it again.
     QString ConsultaCatalogo(const QString &sql, const QString &tabla, const QString &conexion,
                              bool releer = false);
 
@@ -93,6 +94,7 @@ public:
 
     // Column names in the case of the schema, for back-ends that fold them.
     void RegistrarNombres(const QStringList &nombres);
+    QString NombreColumna(const QString &nombre) const { return nombres_.value(nombre.toLower(), nombre); }
     // Statements sent to the back-ends so far.
     int SentenciasEjecutadas() const { return statements_; }
 

@@ -181,9 +181,10 @@ void Dataset::calcFields() {
 }
 
 void Dataset::loadCurrent() {
-    const Row &row = srcRow();
-    buffer_ = row;
-    buffer_.resize(FieldCount());
+    buffer_ = srcRow();
+    // Resizing a shared list copies it: only calculated fields need the room.
+    if (buffer_.size() != FieldCount())
+        buffer_.resize(FieldCount());
     calcFields();
 }
 

@@ -84,8 +84,9 @@ public:
     Field &FieldByIndex(int i) const { return *fields_.at(static_cast<std::size_t>(i)); }
     // Case-insensitive; nullptr when absent.
     // The display of float fields with tag 1000 or more (the two-currency
-    // display); unset, they show by their format as any float.
-    std::function<QString(const Field &)> TextoMoneda;
+    // display) for a value of the field within a record of this dataset;
+    // unset, they show by their format as any float.
+    std::function<QString(const Field &, double valor, const QVariantList &registro)> TextoMoneda;
     Field *FindField(const QString &name) const;
     // Raises "Field '<name>' not found" when absent.
     Field &FieldByName(const QString &name) const;
@@ -165,6 +166,10 @@ public:
     virtual QString KeyTableName() const = 0;
     // The connection word the dataset reads from.
     virtual QString ConnectionWord() const = 0;
+
+    // The current record's values, all fields (calculated ones last); a grid
+    // keeps such records to draw rows other than the current one.
+    const QVariantList &CurrentRecord() const { return buffer_; }
 
     // Used by Field.
     QVariant fieldValue(int index) const;

@@ -91,7 +91,8 @@ ColumnKind ClaseDeTipo(TipoCampo type) {
 }
 
 Field::Field(Dataset &dataset, int index, QString name, TipoCampo type)
-    : dataset_(dataset), index_(index), name_(std::move(name)), type_(type) {
+    : dataset_(dataset), index_(index), name_(std::move(name)), type_(type),
+      hourField_(IsDateTime() && name_.contains(QStringLiteral("Hora"), Qt::CaseInsensitive)) {
     if (IsNumeric())
         Alignment = Qt::AlignRight;
 }
@@ -101,7 +102,7 @@ ColumnKind Field::Kind() const {
 }
 
 bool Field::IsHourField() const {
-    return IsDateTime() && name_.contains(QStringLiteral("Hora"), Qt::CaseInsensitive);
+    return hourField_;
 }
 bool Field::IsNumeric() const {
     return Kind() == ColumnKind::Integer || Kind() == ColumnKind::Float;
@@ -195,7 +196,10 @@ QVariant Field::Converted(const QVariant &value) const {
 }
 
 QString Field::AsString() const {
-    const QVariant v = Value();
+    return TextOf(Value());
+}
+
+QString Field::TextOf(const QVariant &v) const {
     if (v.isNull())
         return {};
     if (IsHourField())
@@ -254,16 +258,23 @@ bool Field::AsBoolean() const {
 }
 
 QString Field::DisplayText() const {
-    const QVariant v = Value();
+    return displayText(Value(), dataset_.CurrentRecord());
+}
+
+QString Field::DisplayTextOf(const QVariantList &record) const {
+    return displayText(record.value(index_), record);
+}
+
+QString Field::displayText(const QVariant &v, const QVariantList &record) const {
     if (v.isNull())
         return {};
     if (IsFloat() && Tag >= 1000 && dataset_.TextoMoneda)
-        return dataset_.TextoMoneda(*this);
+        return dataset_.TextoMoneda(*this, v.toDouble(), record);
     if (IsFloat() && !DisplayFormat.isEmpty())
         return FormatFloat(DisplayFormat, v.toDouble());
     if (IsDateTime() && !IsHourField() && v.toDateTime() == QDateTime(kZeroDate, QTime(0, 0)))
         return {};
-    return AsString();
+    return TextOf(v);
 }
 
 } // namespace co::forms

@@ -62,6 +62,11 @@ public:
     // The text shown in browse: floats through DisplayFormat, the null date as
     // an empty text, hour fields as "hh:mm:ss".
     QString DisplayText() const;
+    // The same for this field in `record`, a record of the dataset as
+    // `Dataset::CurrentRecord` gives it.
+    QString DisplayTextOf(const QVariantList &record) const;
+    // AsString of a value of this field.
+    QString TextOf(const QVariant &value) const;
 
     // The value converted to this field's type; throws EDatabaseError as above.
     QVariant Converted(const QVariant &value) const;
@@ -79,10 +84,13 @@ public:
     Qt::Alignment Alignment = Qt::AlignLeft;
 
 private:
+    QString displayText(const QVariant &value, const QVariantList &record) const;
+
     Dataset &dataset_;
     int index_;
     QString name_;
     TipoCampo type_;
+    bool hourField_;
 };
 
 // The field type word of a column kind, for columns with no declared type.

@@ -193,29 +193,27 @@ std::optional<Dataset::Row> Table::readRow(const Row &keyRow) {
 
 // ---- opening -------------------------------------------------------------
 
+// The columns come from the catalog, remembered for the session, so that an
+// opening sends no statement but its first page. A table the catalog does not
+// know (not made yet) or with a type it cannot name is probed with a query,
+// which also makes a missing table from its structure file.
 QList<Dataset::ColumnInfo> Table::srcOpen() {
     if (tableName_.isEmpty())
         throw EDatabaseError(QStringLiteral("Table name is missing"));
-    Consulta probe;
-    probe.SQL = QStringLiteral("SELECT * FROM ") + sqlName() + QStringLiteral(" WHERE 1 = 0");
-    probe.DatabaseName = ConnectionWord();
-    ++statements_;
-    if (!datos_.AbrirConsulta(probe, QStringLiteral("Open,Silencio"))) {
-        const QString r = datos_.EjecutarSQL(probe.SQL, ConnectionWord(),
-                                             QStringLiteral("Silenciosa,No Crear Tabla"));
-        throw EDatabaseError(isError(r) ? motivo(r) : QStringLiteral("Table does not exist"));
-    }
+    QList<DeclaredColumn> declared = ColumnasDeclaradas(datos_, tableName_, ConnectionWord());
+    const bool known = !declared.isEmpty() &&
+                       std::none_of(declared.cbegin(), declared.cend(), [](const DeclaredColumn &d) {
+                           return d.type == TipoCampo::ftUnknown;
+                       });
+    if (!known)
+        declared = probeColumns();
     columns_.clear();
-    for (const ResultColumn &c : probe.Fields())
-        columns_ << c.name;
-    const QHash<QString, DeclaredColumn> declared =
-        ColumnasDeclaradas(datos_, tableName_, ConnectionWord(), columns_);
     QList<ColumnInfo> out;
-    for (const ResultColumn &c : probe.Fields()) {
+    for (const DeclaredColumn &d : std::as_const(declared)) {
+        columns_ << d.name;
         ColumnInfo info;
-        info.name = c.name;
-        const DeclaredColumn d = declared.value(c.name.toLower());
-        info.type = d.type != TipoCampo::ftUnknown ? d.type : TipoDeColumna(c.kind);
+        info.name = d.name;
+        info.type = d.type;
         info.size = d.size;
         info.required = d.notNull;
         out << info;
@@ -230,6 +228,30 @@ QList<Dataset::ColumnInfo> Table::srcOpen() {
     window_.clear();
     atStart_ = atEnd_ = false;
     orderIndexes_.clear();
+    return out;
+}
+
+QList<DeclaredColumn> Table::probeColumns() {
+    Consulta probe;
+    probe.SQL = QStringLiteral("SELECT * FROM ") + sqlName() + QStringLiteral(" WHERE 1 = 0");
+    probe.DatabaseName = ConnectionWord();
+    ++statements_;
+    if (!datos_.AbrirConsulta(probe, QStringLiteral("Open,Silencio"))) {
+        const QString r = datos_.EjecutarSQL(probe.SQL, ConnectionWord(),
+                                             QStringLiteral("Silenciosa,No Crear Tabla"));
+        throw EDatabaseError(isError(r) ? motivo(r) : QStringLiteral("Table does not exist"));
+    }
+    QHash<QString, DeclaredColumn> declared;
+    for (const DeclaredColumn &d : ColumnasDeclaradas(datos_, tableName_, ConnectionWord(), true))
+        declared.insert(d.name.toLower(), d);
+    QList<DeclaredColumn> out;
+    for (const ResultColumn &c : probe.Fields()) {
+        DeclaredColumn d = declared.value(c.name.toLower());
+        d.name = c.name;
+        if (d.type == TipoCampo::ftUnknown)
+            d.type = TipoDeColumna(c.kind);
+        out << d;
+    }
     return out;
 }
 

@@ -40,8 +40,8 @@ public:
 
     TModuloDatos &Datos() const { return datos_; }
     void SetTableName(const QString &name);
-    // Rows read per statement.
-    int PageSize = 100;
+    // Rows read per statement: a grid's first screenful and a little more.
+    int PageSize = 64;
     QStringList PrimaryKey() const { return primaryKey_; }
 
     // Dataset
@@ -95,6 +95,7 @@ protected:
 
 private:
     QString sqlName() const;
+    QList<DeclaredColumn> probeColumns();
     QString literal(int field, const QVariant &value) const;
     QString tuple(const QStringList &fields) const;
     QString orderLiterals(const Row &row) const;

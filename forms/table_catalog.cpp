@@ -60,47 +60,34 @@ DeclaredColumn TipoDeclarado(const QString &declared) {
 
 namespace {
 
-QHash<QString, DeclaredColumn> parseCatalog(const QString &result) {
-    QHash<QString, DeclaredColumn> out;
+QList<DeclaredColumn> parseCatalog(TModuloDatos &datos, const QString &result) {
+    QList<DeclaredColumn> out;
     for (const QString &line : result.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts)) {
         const QStringList parts = line.split(u'|');
         if (parts.size() < 3)
             continue;
         DeclaredColumn c = TipoDeclarado(parts[1]);
+        c.name = datos.NombreColumna(parts[0]);
         c.notNull = parts[2].trimmed() == u"1";
-        out.insert(parts[0].toLower(), c);
+        out << c;
     }
     return out;
 }
 
-bool cubre(const QHash<QString, DeclaredColumn> &declared, const QStringList &columnas) {
-    for (const QString &c : columnas)
-        if (!declared.contains(c.toLower()))
-            return false;
-    return true;
-}
-
 } // namespace
 
-QHash<QString, DeclaredColumn> ColumnasDeclaradas(TModuloDatos &datos, const QString &tabla,
-                                                  const QString &conexion,
-                                                  const QStringList &columnas) {
+QList<DeclaredColumn> ColumnasDeclaradas(TModuloDatos &datos, const QString &tabla,
+                                         const QString &conexion, bool releer) {
     const Backend backend = datos.sesion().backend();
     for (const CatalogQuery &q : kCatalog) {
         if (q.backend != backend)
             continue;
         QString bare = tabla.section(u'.', -1);
         const QString sql = QString::fromLatin1(q.sql).arg(bare.remove(u'\''));
-        QHash<QString, DeclaredColumn> out;
-        for (const bool releer : {false, true}) {
-            const QString result = datos.ConsultaCatalogo(sql, tabla, conexion, releer);
-            if (result.startsWith(QStringLiteral("Error.")))
-                return {};
-            out = parseCatalog(result);
-            if (cubre(out, columnas))
-                break;
-        }
-        return out;
+        const QString result = datos.ConsultaCatalogo(sql, tabla, conexion, releer);
+        if (result.startsWith(QStringLiteral("Error.")))
+            return {};
+        return parseCatalog(datos, result);
     }
     return {};
 }

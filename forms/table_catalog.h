@@ -13,6 +13,7 @@
 namespace co::forms {
 
 struct DeclaredColumn {
+    QString name; // in the schema's spelling
     TipoCampo type = TipoCampo::ftUnknown;
     int size = 0;
     bool notNull = false;
@@ -22,12 +23,11 @@ struct DeclaredColumn {
 // "numeric(28,8)", "timestamp without time zone"...); ftUnknown when unknown.
 DeclaredColumn TipoDeclarado(const QString &declared);
 
-// Columns by lower-case name; empty when the catalog gives nothing. The catalog
-// answer is remembered by `datos`; it is read again when one of `columnas` (the
-// columns the table shows now) is missing from it, as after a column was added.
-QHash<QString, DeclaredColumn> ColumnasDeclaradas(TModuloDatos &datos, const QString &tabla,
-                                                  const QString &conexion,
-                                                  const QStringList &columnas = {});
+// The table's columns in their order; empty when the catalog gives nothing (no
+// such table). The answer is remembered by `datos` until a statement changes a
+// structure; `releer` reads it again.
+QList<DeclaredColumn> ColumnasDeclaradas(TModuloDatos &datos, const QString &tabla,
+                                         const QString &conexion, bool releer = false);
 
 // How the back-end keeps two writers of one row apart: with a row lock taken on
 // entering Edit (`lockSuffix` added to a SELECT of the row), or by checking at

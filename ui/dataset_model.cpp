@@ -29,22 +29,25 @@ int DatasetModel::columnCount(const QModelIndex &parent) const {
 
 QString DatasetModel::text(int row, int gridColumn) const {
     forms::Dataset *d = dataset();
-    const forms::GridColumn &c = grid_.Columns[gridColumn];
-    const bool live = d && d->IsPending() && (row == rows_.size() || row == currentRow());
-    if (!live)
-        return rows_.value(row).value(gridColumn);
-    return cellText(d->FindField(c.FieldName));
+    if (!d)
+        return {};
+    const forms::Field *f = d->FindField(grid_.Columns[gridColumn].FieldName);
+    const bool live = d->IsPending() && (row == rows_.size() || row == currentRow());
+    if (live)
+        return f && f->DataType() != TipoCampo::ftMemo ? f->DisplayText()
+                                                        : cellText(f, d->CurrentRecord());
+    return row < rows_.size() ? cellText(f, rows_[row]) : QString();
 }
 
-// The current record's text for a column: memos as a mark, or on one line.
-QString DatasetModel::cellText(const forms::Field *f) const {
+// A record's text for a column: memos as a mark, or on one line.
+QString DatasetModel::cellText(const forms::Field *f, const QVariantList &record) const {
     if (!f)
         return {};
     if (f->DataType() != TipoCampo::ftMemo)
-        return f->DisplayText();
+        return f->DisplayTextOf(record);
     if (!grid_.MemosEnLinea)
         return QStringLiteral(" ...");
-    QString texto = f->AsString();
+    QString texto = f->TextOf(record.value(f->Index()));
     texto.replace(QStringLiteral("\r\n"), QStringLiteral(" ")).replace(u'\n', u' ').replace(u'\r', u' ');
     return texto;
 }
@@ -111,18 +114,12 @@ void DatasetModel::fetchMore(const QModelIndex &parent) {
         return;
     const int before = static_cast<int>(rows_.size());
     const forms::Bookmark here = d->GetBookmark();
-    QList<QStringList> more;
+    QList<QVariantList> more;
     QList<forms::Bookmark> marks;
     run_([&] {
         d->GotoBookmark(marks_.last());
-        for (d->Next(); !d->Eof() && more.size() < kChunk; d->Next()) {
-            marks << d->GetBookmark();
-            QStringList r;
-            for (const forms::GridColumn &c : grid_.Columns)
-                r << cellText(d->FindField(c.FieldName));
-            more << r;
-        }
-        atEnd_ = d->Eof();
+        d->Next();
+        readFromCurrent(kChunk, more, marks);
         d->GotoBookmark(here);
     });
     if (more.isEmpty()) {
@@ -135,6 +132,20 @@ void DatasetModel::fetchMore(const QModelIndex &parent) {
     endInsertRows();
 }
 
+void DatasetModel::readFromCurrent(int count, QList<QVariantList> &records,
+                                   QList<forms::Bookmark> &marks) {
+    forms::Dataset *d = dataset();
+    // No move past the last row wanted: it would read the next page to learn
+    // whether there is one. A later fetch that finds nothing sets the end.
+    for (int n = 0; !d->Eof() && n < count; ++n) {
+        marks << d->GetBookmark();
+        records << d->CurrentRecord();
+        if (n + 1 < count)
+            d->Next();
+    }
+    atEnd_ = d->Eof();
+}
+
 void DatasetModel::readChunk(int count) {
     forms::Dataset *d = dataset();
     rows_.clear();
@@ -142,24 +153,12 @@ void DatasetModel::readChunk(int count) {
     atEnd_ = true;
     if (!d || !d->Active() || d->IsEmpty())
         return;
-    const bool pending = d->IsPending();
+    if (d->IsPending())
+        return; // moving off would post; show the pending record only
     const forms::Bookmark here = d->GetBookmark();
     run_([&] {
-        if (pending)
-            return; // moving off would post; show the pending record only
-        // Fields are looked up once per chunk, not once per row.
-        QList<forms::Field *> fields;
-        for (const forms::GridColumn &c : grid_.Columns)
-            fields << d->FindField(c.FieldName);
-        for (d->First(); !d->Eof() && rows_.size() < count; d->Next()) {
-            marks_ << d->GetBookmark();
-            QStringList r;
-            r.reserve(fields.size());
-            for (const forms::Field *f : std::as_const(fields))
-                r << cellText(f);
-            rows_ << r;
-        }
-        atEnd_ = d->Eof();
+        d->First();
+        readFromCurrent(count, rows_, marks_);
         if (here.IsValid())
             d->GotoBookmark(here);
     });

@@ -1,9 +1,11 @@
 #pragma once
 // A Qt table model over one grid of a form: its visible columns over the grid's
 // dataset. Rows are read lazily in chunks (canFetchMore/fetchMore walk the
-// dataset's paged cursor), so a grid on a million rows opens at once. The
-// record being edited or inserted is shown from its live fields; memo columns
-// show " ...". Writes go through the dataset; refusals are told by the caller.
+// dataset's paged cursor), so a grid on a million rows opens at once. Rows keep
+// their records' values and are formatted when drawn, so only the cells on
+// screen cost a text. The record being edited or inserted is shown from its
+// live fields; memo columns show " ...". Writes go through the dataset;
+// refusals are told by the caller.
 
 #include "forms/form.h"
 
@@ -44,14 +46,16 @@ public:
 private:
     forms::Dataset *dataset() const { return grid_.DataSet(); }
     QString text(int row, int gridColumn) const;
-    QString cellText(const forms::Field *field) const;
+    QString cellText(const forms::Field *field, const QVariantList &record) const;
+    // Reads up to `count` records from the dataset's current one onwards.
+    void readFromCurrent(int count, QList<QVariantList> &records, QList<forms::Bookmark> &marks);
     void readChunk(int count);
 
     forms::DBGrid &grid_;
     std::function<bool(const std::function<void()> &)> run_;
     QList<int> columns_; // visible grid columns
     QList<forms::Bookmark> marks_;
-    QList<QStringList> rows_; // display texts per grid column
+    QList<QVariantList> rows_; // the records shown, all fields
     bool atEnd_ = true;
 };
 
