@@ -12,6 +12,13 @@ namespace {
 
 class GridModel : public forms::test::FormsTest {
 protected:
+    // The form goes before the session it reads from.
+    void TearDown() override {
+        model_.reset();
+        form_.reset();
+        FormsTest::TearDown();
+    }
+
     // A form with Table1 on PRUOBRA (pages of `pagina` rows) shown by DBGrid1.
     DatasetModel &rejilla(int pagina) {
         form_ = std::make_unique<forms::Form>(QStringLiteral("fPRUEBA"));
