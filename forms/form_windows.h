@@ -33,7 +33,9 @@ struct VentanasFormulario {
     // `fGENEIMPR` in mode "Contexto" on a printed form code.
     std::function<void(const QString &codigo)> ConfiguracionImpresos;
     std::function<void(const HistorialAccesos &)> VisorHistorial; // Ctrl+A
-    std::function<void()> Mensajeria;                             // Ctrl+M
+    // `TfGENECPRO`, the programmable listing of an open dataset.
+    std::function<void(Dataset &)> ListadoProgramable;
+    std::function<void()> Mensajeria; // Ctrl+M
     // True while the attachment window `fGENEDOCE` is open, so it follows the record.
     std::function<bool()> DocumentosAbiertos;
     // The control under the mouse, for F8; the focused control when not set.

@@ -1,7 +1,6 @@
 #include "works/grid_master.h"
 
 #include "core/session.h"
-#include "forms/pick_list_check.h"
 #include "forms/standard_handlers.h"
 
 namespace co::works {
@@ -22,7 +21,7 @@ MaestroRejilla::MaestroRejilla(TModuloDatos &datos, DeclaracionMaestro declaraci
         }
     });
     SetHandler(QStringLiteral("DBGrid1ColExit"), [this](Component *sender) {
-        comprobarListas(grid1_->SelectedIndex);
+        ComprobarColumnasLista(*grid1_, grid1_->SelectedIndex);
         if (grid1_->SelectedIndex == columnaClave())
             comprobarClave(sender);
         else if (Table1().IsPending() && !ValidacionWinControl(grid1_))
@@ -81,19 +80,7 @@ void MaestroRejilla::comprobarClave(Component *sender) {
 }
 
 void MaestroRejilla::ComprobarListasAlGrabar() {
-    for (int i = 0; i < grid1_->Columns.size(); ++i)
-        comprobarListas(i);
-}
-
-// A column with permitted values accepts only one of them; an empty value is
-// left to the key check and the required fields.
-void MaestroRejilla::comprobarListas(int columna) {
-    if (!Table1().IsPending() || ActiveControl() == FindComponent(QStringLiteral("pbCancelar")))
-        return;
-    if (!ComprobarColumnaLista(*grid1_, columna, Mensajes())) {
-        grid1_->SelectedIndex = columna;
-        Abort();
-    }
+    ComprobarColumnasLista(*grid1_);
 }
 
 void MaestroRejilla::OcultarPreciosVenta() {

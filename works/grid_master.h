@@ -38,7 +38,6 @@ protected:
     void OcultarPreciosVenta();
 
 private:
-    void comprobarListas(int columna);
     void comprobarClave(forms::Component *sender);
     int columnaClave() const;
 

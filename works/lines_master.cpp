@@ -43,6 +43,16 @@ MaestroConLineas::MaestroConLineas(TModuloDatos &datos, DeclaracionFicha cabecer
         table2_->FieldByName(lineas_.campoLinea).SetAsInteger(Datos().SiguienteNumero(*table2_));
         ValoresInicialesLinea();
     });
+    SetHandler(QStringLiteral("DBGrid2ColExit"),
+               [this](Component *sender) { salidaColumna(sender); });
+    SetEvent(*grid2_, QStringLiteral("OnColExit"), QStringLiteral("DBGrid2ColExit"));
+    en("Table2BeforePost", [this] {
+        ComprobarColumnasLista(*grid2_);
+        if (!ValidacionLinea(nullptr)) {
+            Mensajes().MensajeA(QStringLiteral("¡ La línea no ha sido grabada !"));
+            Abort();
+        }
+    });
     en("Table2AfterPost", [this] { Rutinas().DespuesGrabarRegistro(*table2_); });
     en("Table2BeforeDelete", [this] { Rutinas().AntesEliminarRegistro(*table2_); });
     en("Table1BeforeCancel", [this] { cancelarCabecera(); });
@@ -55,6 +65,11 @@ MaestroConLineas::MaestroConLineas(TModuloDatos &datos, DeclaracionFicha cabecer
             grabarLinea();
     });
     en("GrabarDatos", [this] { CallHandler(QStringLiteral("pbConformeClick")); });
+    en("ListadoProgramable1Click", [this] {
+        const QString lineas = Mensajes().MensajeC(
+            QStringLiteral("¿Desea realizar el Listado Programable de las Líneas?"));
+        ListadoProgramable(lineas == u"SI" ? *table2_ : Table1());
+    });
     ConectarEventos();
 }
 
@@ -79,14 +94,33 @@ void MaestroConLineas::AntesGrabar() {
     grabarLinea();
 }
 
+bool MaestroConLineas::ValidacionLinea(Component *) {
+    return true;
+}
+
+// The line's number column is its key: checked as a grid master's key, the
+// line's validator in the place of the form's.
+void MaestroConLineas::salidaColumna(Component *sender) {
+    if (!table2_->IsPending())
+        return;
+    ComprobarColumnasLista(*grid2_, grid2_->SelectedIndex);
+    const Field *linea = grid2_->SelectedField();
+    if (!linea || linea->FieldName().compare(lineas_.campoLinea, Qt::CaseInsensitive) != 0) {
+        if (!ValidacionLinea(grid2_))
+            Abort();
+        return;
+    }
+    Rutinas().ComprobarClave({*this, *table2_, table2_->FieldByName(lineas_.campoLinea), grid2_,
+                              FamiliaFormulario::MaestroRejilla, false, sender,
+                              [this](Component *c) { return ValidacionLinea(c); },
+                              [this] { grabarLinea(); }});
+}
+
 void MaestroConLineas::grabarLinea() {
     if (!table2_->IsPending())
         return;
     try {
         table2_->Post();
-    } catch (const EAbort &) {
-        Mensajes().MensajeA(QStringLiteral("¡ La línea no ha sido grabada !"));
-        throw;
     } catch (const EDatabaseError &) {
         Mensajes().MensajeA(QStringLiteral("¡ No se puede grabar la línea porque está bloqueada "
                                            "por otro usuario o porque el dato introducido no es "

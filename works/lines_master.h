@@ -13,10 +13,19 @@
 // - Ctrl+Delete in `DBGrid2` (`DBGrid2KeyDown`) asks "¿ Está seguro de querer
 //   eliminar la linea ?" and deletes on "SI"; a failure: "¡ Se ha producido un
 //   error eliminando la linea !".
-// - A line refused by the database: "¡ No se puede grabar la línea porque está
-//   bloqueada por otro usuario o porque el dato introducido no es válido !" and
-//   the line is cancelled; a line stopped by a validator: "¡ La línea no ha
-//   sido grabada !" and stays pending. Either way what posted it stops.
+// - Leaving a column of a pending line (`DBGrid2ColExit`) checks its
+//   permitted values, then `ValidacionLinea` with the grid; leaving the line
+//   number column is the key check of a grid master instead (empty number
+//   drops the new line, number ranges, `ValidacionLinea`, then "¡ Ya existe el
+//   registro !" for a new line whose key is stored). A refusal keeps the line
+//   pending on that column.
+// - Posting a line (`Table2BeforePost`) checks every column's permitted values
+//   and runs `ValidacionLinea` with no sender; its refusal: "¡ La línea no ha
+//   sido grabada !" and the line stays pending. A line refused by the
+//   database: "¡ No se puede grabar la línea porque está bloqueada por otro
+//   usuario o porque el dato introducido no es válido !" and the line is
+//   cancelled, when `pbConforme` or the header's post posted it. Either way
+//   what posted it stops.
 // - The header's post posts the pending line first (`AntesGrabar`: a screen
 //   that overrides it calls this one). `pbConforme` with only a line pending
 //   posts the line.
@@ -28,7 +37,10 @@
 //   transaction; a failure: "¡ Se ha producido un error eliminando el registro
 //   !" and nothing is deleted.
 // - Closing with a pending line goes through `ConfirmarCierreForm` like any
-//   pending dataset of the form.
+//   pending dataset of the form: cancelled on "SI", else posted with its
+//   checks, and a refusal keeps the form open with the line pending.
+// - `ListadoProgramable1Click` asks "¿Desea realizar el Listado Programable de
+//   las Líneas?": "SI" lists `Table2`, any other answer `Table1`.
 
 #include "works/single_record_master.h"
 
@@ -52,11 +64,16 @@ public:
 protected:
     // Defaults of a new line, after its key and number.
     virtual void ValoresInicialesLinea() {}
+    // The lines' validator: the column left (sender `DBGrid2`, its
+    // `SelectedIndex` the column) or, with no sender, every rule before the
+    // line is posted. False after its message.
+    virtual bool ValidacionLinea(forms::Component *sender);
     void AntesGrabar() override;
 
 private:
     QVariantList claveCabecera();
     void enlazarLineas();
+    void salidaColumna(forms::Component *sender);
     void grabarLinea();
     void eliminarLinea();
     void eliminarCabecera();

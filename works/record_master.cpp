@@ -2,6 +2,7 @@
 
 #include "core/general_parameters_table.h"
 #include "core/session.h"
+#include "forms/pick_list_check.h"
 #include "forms/standard_handlers.h"
 #include "works/numbered_document.h"
 
@@ -34,6 +35,7 @@ QList<Boton> MenuFicha() {
     return {{QStringLiteral("Agregar"), QStringLiteral("&Agregar")},
             {QStringLiteral("Eliminar1"), QStringLiteral("&Eliminar")},
             {QStringLiteral("CancelarEdicion1"), QStringLiteral("Cancelar Edición")},
+            {QStringLiteral("ListadoProgramable1"), QStringLiteral("Listado &Programable...")},
             {QStringLiteral("Cerrar1"), QStringLiteral("&Cerrar")}};
 }
 
@@ -92,6 +94,7 @@ MaestroTabla::MaestroTabla(TModuloDatos &datos, const QString &nombre, const QSt
     });
     en("Table1AfterPost", [this] { rutinas_.DespuesGrabarRegistro(*table1_); });
     en("Table1BeforeDelete", [this] { rutinas_.AntesEliminarRegistro(*table1_); });
+    en("ListadoProgramable1Click", [this] { ListadoProgramable(*table1_); });
     ConectarEventos();
     ConmutarBotones(*this, false);
 }
@@ -120,6 +123,24 @@ bool MaestroTabla::Abrir(AperturaTablas &apertura) {
 
 bool MaestroTabla::ValidacionWinControl(Component *) {
     return true;
+}
+
+void MaestroTabla::ComprobarColumnasLista(DBGrid &grid, int columna) {
+    if (!grid.DataSet() || !grid.DataSet()->IsPending() ||
+        ActiveControl() == FindComponent(QStringLiteral("pbCancelar")))
+        return;
+    const int desde = columna < 0 ? 0 : columna;
+    const int hasta = columna < 0 ? int(grid.Columns.size()) : columna + 1;
+    for (int i = desde; i < hasta; ++i)
+        if (!ComprobarColumnaLista(grid, i, Mensajes())) {
+            grid.SelectedIndex = i;
+            Abort();
+        }
+}
+
+void MaestroTabla::ListadoProgramable(Dataset &dataset) {
+    if (rutinas_.Ventanas.ListadoProgramable)
+        rutinas_.Ventanas.ListadoProgramable(dataset);
 }
 
 void MaestroTabla::GrabarDatos() {

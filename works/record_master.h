@@ -5,9 +5,10 @@
 // `Eliminar1Click`, `pbConformeClick` / `GrabarDatos`, `pbCancelarClick`, the
 // button switch on `DataSource1StateChange`, `Table1NewRecord`,
 // `Table1CalcFields`, `Table1BeforePost`, `Table1AfterPost`,
-// `Table1BeforeDelete`, `FormCloseQuery`). A family (grid, single record)
-// derives from it and adds how the record is shown and how its key is checked;
-// a screen derives from the family and overrides only its own rules.
+// `Table1BeforeDelete`, `FormCloseQuery`, `ListadoProgramable1Click` on
+// `Table1`). A family (grid, single record) derives from it and adds how the
+// record is shown and how its key is checked; a screen derives from the family
+// and overrides only its own rules.
 //
 // A handler set by a derived constructor replaces the one of the same name set
 // here. A derived class that adds datasets calls `ConectarEventos()` again.
@@ -73,6 +74,13 @@ protected:
     // The family's check of every permitted-values list on post; aborts after
     // its message.
     virtual void ComprobarListasAlGrabar() {}
+    // A grid column with permitted values accepts only one of them while the
+    // grid's dataset is pending; aborts after the message with that column
+    // selected. Nothing is checked with the focus on pbCancelar. A negative
+    // column checks them all.
+    void ComprobarColumnasLista(forms::DBGrid &grid, int columna = -1);
+    // The programmable listing of `dataset`, when the window is there.
+    void ListadoProgramable(forms::Dataset &dataset);
 
     // `GrabarDatos`: posts; a refusal is told, cancels and aborts.
     void GrabarDatos();

@@ -32,16 +32,16 @@ public:
                 throw forms::EAbort();
         });
     }
-    // Moves to a grid column by field name; false when leaving the old one stopped.
-    bool column(const QString &field) {
-        forms::DBGrid &grid = form_->DBGrid1();
-        if (!form_->SetFocus(&grid))
+    // Moves to a column of a grid by field name; false when leaving the old one stopped.
+    bool column(const QString &field, const QString &gridName = QStringLiteral("DBGrid1")) {
+        auto *grid = form_->template Find<forms::DBGrid>(gridName);
+        if (!grid || !focus(gridName))
             return false;
-        for (int i = 0; i < grid.Columns.size(); ++i)
-            if (grid.Columns[i].FieldName == field) {
+        for (int i = 0; i < grid->Columns.size(); ++i)
+            if (grid->Columns[i].FieldName == field) {
                 bool moved = false;
                 const bool ran =
-                    form_->Rutinas().Ejecutar([&] { moved = form_->SelectColumn(grid, i); });
+                    form_->Rutinas().Ejecutar([&] { moved = form_->SelectColumn(*grid, i); });
                 return ran && moved;
             }
         return false;

@@ -25,6 +25,7 @@ DeclaracionFicha cabecera() {
             false};
 }
 
+// Its lines' validator refuses the text "NO" and notes who asked.
 class PantallaLineas : public MaestroConLineas {
 public:
     explicit PantallaLineas(TModuloDatos &datos)
@@ -32,8 +33,21 @@ public:
                            {QStringLiteral("PRULINEA"),
                             QStringLiteral("Linea"),
                             {{QStringLiteral("Linea"), QStringLiteral("Línea")},
-                             {QStringLiteral("Texto"), QStringLiteral("Texto")}}}) {
+                             {QStringLiteral("Texto"), QStringLiteral("Texto")},
+                             {QStringLiteral("Tipo"),
+                              QStringLiteral("Tipo"),
+                              {QStringLiteral("Material"), QStringLiteral("Trabajo")}}}}) {
         NumerarDocumento(QStringLiteral("Numero"));
+    }
+    QStringList validaciones; // the sender's name, "-" for none
+
+protected:
+    bool ValidacionLinea(forms::Component *sender) override {
+        validaciones << (sender ? sender->Name() : QStringLiteral("-"));
+        if (Table2().FieldByName(QStringLiteral("Texto")).AsString() != u"NO")
+            return true;
+        Mensajes().MensajeA(QStringLiteral("¡No existe la Partida!"));
+        return false;
     }
 };
 
@@ -50,14 +64,17 @@ protected:
         WorksScreenTest::SetUp();
         if (HasFatalFailure())
             return;
-        ok(QStringLiteral("CREATE TABLE PRUCAB (Numero INTEGER NOT NULL, Descripcion "
-                          "VARCHAR(40) DEFAULT '', CONSTRAINT PRUCAB_Clave1 PRIMARY KEY (Numero))"));
+        ok(QStringLiteral(
+            "CREATE TABLE PRUCAB (Numero INTEGER NOT NULL, Descripcion "
+            "VARCHAR(40) DEFAULT '', CONSTRAINT PRUCAB_Clave1 PRIMARY KEY (Numero))"));
         // A line with the text "MAL" is refused by the database.
         ok(QStringLiteral("CREATE TABLE PRULINEA (Numero INTEGER NOT NULL, Linea INTEGER NOT NULL, "
                           "Texto VARCHAR(40) DEFAULT '' CHECK (Texto <> 'MAL'), "
+                          "Tipo VARCHAR(20) DEFAULT '', "
                           "CONSTRAINT PRULINEA_Clave1 PRIMARY KEY (Numero, Linea))"));
         for (int n : {1, 2})
-            ok(QStringLiteral("INSERT INTO PRUCAB (Numero, Descripcion) VALUES (%1, 'Doc %1')").arg(n));
+            ok(QStringLiteral("INSERT INTO PRUCAB (Numero, Descripcion) VALUES (%1, 'Doc %1')")
+                   .arg(n));
     }
     void lineas(int numero, int cuantas) {
         for (int l = 1; l <= cuantas; ++l)
@@ -99,8 +116,8 @@ TEST_P(LinesMaster, LinesNumberThemselvesWithinTheirHeader) {
         ASSERT_TRUE(nuevaLinea(s, QString::fromLatin1(t)));
         ASSERT_TRUE(s.click(QStringLiteral("pbConforme")));
     }
-    EXPECT_EQ(lineasVistas(s), (QStringList{QStringLiteral("1/1"), QStringLiteral("1/2"),
-                                            QStringLiteral("1/3")}));
+    EXPECT_EQ(lineasVistas(s),
+              (QStringList{QStringLiteral("1/1"), QStringLiteral("1/2"), QStringLiteral("1/3")}));
     s.form().Table1().Next();
     EXPECT_TRUE(lineasVistas(s).isEmpty()) << "the lines follow the header";
     ASSERT_TRUE(nuevaLinea(s, QStringLiteral("d")));
@@ -199,6 +216,258 @@ TEST_P(LinesMaster, CancellingANewHeaderCancelsItsLine) {
     EXPECT_EQ(s.form().Table2().State(), DatasetState::Browse);
     EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA")), QStringLiteral("0"));
     EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRUCAB")), QStringLiteral("2"));
+}
+
+TEST_P(LinesMaster, ALineTheValidatorRefusesStaysPendingOnItsColumnAndIsNotPosted) {
+    ScreenTest<PantallaLineas> s(*datos_);
+    ASSERT_TRUE(s.open());
+    s.form().Table1().First();
+    ASSERT_TRUE(s.column(QStringLiteral("Texto"), QStringLiteral("DBGrid2")));
+    ASSERT_TRUE(nuevaLinea(s, QStringLiteral("NO")));
+
+    EXPECT_FALSE(s.column(QStringLiteral("Tipo"), QStringLiteral("DBGrid2")));
+    EXPECT_EQ(messages_.texts(), QStringList{QStringLiteral("¡No existe la Partida!")});
+    EXPECT_EQ(s.form().validaciones, QStringList{QStringLiteral("DBGrid2")});
+    EXPECT_EQ(s.form().DBGrid2().SelectedIndex, 1) << "the focus stays on the column left";
+    EXPECT_EQ(s.form().Table2().State(), DatasetState::Insert);
+
+    messages_.clear();
+    s.form().validaciones.clear();
+    EXPECT_FALSE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(messages_.texts(), (QStringList{QStringLiteral("¡No existe la Partida!"),
+                                              QStringLiteral("¡ La línea no ha sido grabada !")}));
+    EXPECT_EQ(s.form().validaciones, QStringList{QStringLiteral("-")}) << "no sender on post";
+    EXPECT_EQ(s.form().Table2().State(), DatasetState::Insert);
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA")), QStringLiteral("0"));
+
+    ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] {
+        s.form().Table2().FieldByName(QStringLiteral("Texto")).SetAsString(QStringLiteral("SÍ"));
+    }));
+    EXPECT_TRUE(s.column(QStringLiteral("Tipo"), QStringLiteral("DBGrid2")));
+    EXPECT_TRUE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT Texto FROM PRULINEA WHERE Numero = 1 AND Linea = 1")),
+              QStringLiteral("SÍ"));
+}
+
+TEST_P(LinesMaster, ARefusedLineStopsTheHeaderPostThatCarriesIt) {
+    ScreenTest<PantallaLineas> s(*datos_);
+    ASSERT_TRUE(s.open());
+    s.form().Table1().First();
+    ASSERT_TRUE(s.edit(QStringLiteral("EditDescripcion"), QStringLiteral("Cambiada")));
+    ASSERT_TRUE(nuevaLinea(s, QStringLiteral("NO")));
+    EXPECT_FALSE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(messages_.texts().value(messages_.texts().size() - 1),
+              QStringLiteral("¡ La línea no ha sido grabada !"));
+    EXPECT_EQ(s.form().Table1().State(), DatasetState::Edit);
+    EXPECT_EQ(s.form().Table2().State(), DatasetState::Insert);
+
+    // The database's refusal cancels the line and still stops the header.
+    messages_.clear();
+    ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] {
+        s.form().Table2().FieldByName(QStringLiteral("Texto")).SetAsString(QStringLiteral("MAL"));
+    }));
+    EXPECT_FALSE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(messages_.texts(), QStringList{QStringLiteral(
+                                     "¡ No se puede grabar la línea porque está bloqueada por "
+                                     "otro usuario o porque el dato introducido no es válido !")});
+    EXPECT_EQ(s.form().Table2().State(), DatasetState::Browse);
+    EXPECT_EQ(s.form().Table1().State(), DatasetState::Edit);
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT Descripcion FROM PRUCAB WHERE Numero = 1")),
+              QStringLiteral("Doc 1"));
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA")), QStringLiteral("0"));
+    EXPECT_TRUE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT Descripcion FROM PRUCAB WHERE Numero = 1")),
+              QStringLiteral("Cambiada"));
+}
+
+TEST_P(LinesMaster, LeavingALineColumnChecksItsPermittedValues) {
+    ScreenTest<PantallaLineas> s(*datos_);
+    ASSERT_TRUE(s.open());
+    s.form().Table1().First();
+    ASSERT_TRUE(s.column(QStringLiteral("Tipo"), QStringLiteral("DBGrid2")));
+    ASSERT_TRUE(nuevaLinea(s, QStringLiteral("a")));
+    ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] {
+        s.form().Table2().FieldByName(QStringLiteral("Tipo")).SetAsString(QStringLiteral("Otro"));
+    }));
+    const QString aviso =
+        QStringLiteral("¡ El valor \"Otro\" de la columna \"Tipo\" no es correcto !");
+    EXPECT_FALSE(s.column(QStringLiteral("Texto"), QStringLiteral("DBGrid2")));
+    EXPECT_EQ(messages_.texts(), QStringList{aviso});
+    EXPECT_FALSE(s.click(QStringLiteral("pbConforme"))) << "the post checks every column";
+    EXPECT_EQ(messages_.texts(), (QStringList{aviso, aviso}));
+    EXPECT_EQ(s.form().Table2().State(), DatasetState::Insert);
+    ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] {
+        s.form()
+            .Table2()
+            .FieldByName(QStringLiteral("Tipo"))
+            .SetAsString(QStringLiteral("Trabajo"));
+    }));
+    EXPECT_TRUE(s.column(QStringLiteral("Texto"), QStringLiteral("DBGrid2")));
+    EXPECT_TRUE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT Tipo FROM PRULINEA WHERE Numero = 1")),
+              QStringLiteral("Trabajo"));
+}
+
+TEST_P(LinesMaster, LeavingTheLineNumberChecksTheLineKeyWithinItsHeader) {
+    lineas(1, 2);
+    ScreenTest<PantallaLineas> s(*datos_);
+    ASSERT_TRUE(s.open());
+    s.form().Table1().First();
+    ASSERT_TRUE(s.column(QStringLiteral("Linea"), QStringLiteral("DBGrid2")));
+    ASSERT_TRUE(nuevaLinea(s, QStringLiteral("a")));
+    forms::Field &linea = s.form().Table2().FieldByName(QStringLiteral("Linea"));
+    EXPECT_EQ(linea.AsString(), QStringLiteral("3"));
+    auto numero = [&](const QString &n) {
+        return s.form().Rutinas().Ejecutar([&] { linea.SetAsString(n); });
+    };
+
+    ASSERT_TRUE(numero(QStringLiteral("2")));
+    EXPECT_FALSE(s.column(QStringLiteral("Texto"), QStringLiteral("DBGrid2")));
+    EXPECT_EQ(messages_.texts(), QStringList{QStringLiteral("¡ Ya existe el registro !")});
+    EXPECT_EQ(s.form().DBGrid2().SelectedIndex, 0);
+
+    messages_.clear();
+    ASSERT_TRUE(numero(QStringLiteral("0")));
+    EXPECT_FALSE(s.column(QStringLiteral("Texto"), QStringLiteral("DBGrid2")));
+    EXPECT_EQ(messages_.texts(),
+              QStringList{QStringLiteral("¡ El valor debe estar entre 1 y 99999999 !")});
+
+    messages_.clear();
+    s.form().validaciones.clear();
+    ASSERT_TRUE(numero(QStringLiteral("7")));
+    EXPECT_TRUE(s.column(QStringLiteral("Texto"), QStringLiteral("DBGrid2")));
+    EXPECT_TRUE(messages_.shown().isEmpty()) << messages_.texts().join(u'|').toStdString();
+    EXPECT_EQ(s.form().validaciones, QStringList{QStringLiteral("DBGrid2")})
+        << "the lines' validator runs within the key check";
+    ASSERT_TRUE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT Texto FROM PRULINEA WHERE Numero = 1 AND Linea = 7")),
+              QStringLiteral("a"));
+
+    // The same number under another header is no repeat.
+    s.form().Table1().Next();
+    ASSERT_TRUE(s.column(QStringLiteral("Linea"), QStringLiteral("DBGrid2")));
+    ASSERT_TRUE(nuevaLinea(s, QStringLiteral("b")));
+    forms::Field &otra = s.form().Table2().FieldByName(QStringLiteral("Linea"));
+    ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] { otra.SetAsString(QStringLiteral("2")); }));
+    EXPECT_TRUE(s.column(QStringLiteral("Texto"), QStringLiteral("DBGrid2")));
+
+    // Leaving the number empty drops the new line.
+    ASSERT_TRUE(s.column(QStringLiteral("Linea"), QStringLiteral("DBGrid2")));
+    ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] { otra.SetAsString({}); }));
+    EXPECT_FALSE(s.column(QStringLiteral("Texto"), QStringLiteral("DBGrid2")));
+    EXPECT_EQ(s.form().Table2().State(), DatasetState::Browse);
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA WHERE Numero = 2")),
+              QStringLiteral("0"));
+}
+
+TEST_P(LinesMaster, TheProgrammableListingAsksWhetherToListTheLines) {
+    ScreenTest<PantallaLineas> s(*datos_);
+    ASSERT_TRUE(s.open());
+    QStringList listadas;
+    s.form().Rutinas().Ventanas.ListadoProgramable = [&](forms::Dataset &d) {
+        listadas << d.Name() + u':' + d.KeyTableName();
+    };
+    const QString pregunta =
+        QStringLiteral("¿Desea realizar el Listado Programable de las Líneas?");
+    for (const char *respuesta : {"SI", "NO", ""}) {
+        messages_.clear();
+        messages_.answer(QString::fromLatin1(respuesta));
+        ASSERT_TRUE(s.click(QStringLiteral("ListadoProgramable1")));
+        EXPECT_EQ(messages_.texts(), QStringList{pregunta});
+    }
+    EXPECT_EQ(listadas,
+              (QStringList{QStringLiteral("Table2:PRULINEA"), QStringLiteral("Table1:PRUCAB"),
+                           QStringLiteral("Table1:PRUCAB")}));
+
+    // A form without lines lists its table and asks nothing.
+    ScreenTest<FichaDocumento> f(*datos_);
+    ASSERT_TRUE(f.open());
+    f.form().Rutinas().Ventanas.ListadoProgramable = s.form().Rutinas().Ventanas.ListadoProgramable;
+    messages_.clear();
+    listadas.clear();
+    ASSERT_TRUE(f.click(QStringLiteral("ListadoProgramable1")));
+    EXPECT_TRUE(messages_.shown().isEmpty());
+    EXPECT_EQ(listadas, QStringList{QStringLiteral("Table1:PRUCAB")});
+}
+
+TEST_P(LinesMaster, AHeaderTheDatabaseWillNotDeleteKeepsItsLines) {
+    if (backend() == Backend::SQLite) {
+        ok(QStringLiteral("CREATE TRIGGER PRUCAB_Protegido BEFORE DELETE ON PRUCAB "
+                          "WHEN OLD.Numero = 1 BEGIN SELECT RAISE(ABORT, 'protegido'); END"));
+    } else {
+        ok(QStringLiteral("CREATE FUNCTION PRUCAB_Protegido() RETURNS trigger AS $$ BEGIN "
+                          "IF OLD.Numero = 1 THEN RAISE EXCEPTION 'protegido'; END IF; "
+                          "RETURN OLD; END $$ LANGUAGE plpgsql"));
+        ok(QStringLiteral("CREATE TRIGGER PRUCAB_Protegido BEFORE DELETE ON PRUCAB "
+                          "FOR EACH ROW EXECUTE FUNCTION PRUCAB_Protegido()"));
+    }
+    lineas(1, 3);
+    ScreenTest<PantallaLineas> s(*datos_);
+    ASSERT_TRUE(s.open());
+    s.form().Table1().First();
+    messages_.answer(QStringLiteral("SI"));
+    EXPECT_FALSE(s.click(QStringLiteral("Eliminar1")));
+    EXPECT_EQ(messages_.texts(),
+              (QStringList{
+                  QStringLiteral("¿Está seguro de querer eliminar el registro y todas sus líneas?"),
+                  QStringLiteral("¡ Se ha producido un error eliminando el registro !")}));
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRUCAB")), QStringLiteral("2"));
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA WHERE Numero = 1")),
+              QStringLiteral("3"))
+        << "the lines deleted before the failure come back";
+    EXPECT_EQ(s.form().Table1().FieldByName(QStringLiteral("Numero")).AsString(),
+              QStringLiteral("1"));
+    EXPECT_EQ(lineasVistas(s).size(), 3);
+
+    // The same screen still deletes a header the database lets go.
+    messages_.clear();
+    s.form().Table1().Next();
+    messages_.answer(QStringLiteral("SI"));
+    EXPECT_TRUE(s.click(QStringLiteral("Eliminar1")));
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRUCAB")), QStringLiteral("1"));
+}
+
+TEST_P(LinesMaster, ClosingWithAPendingLineAsksWhetherToCancelIt) {
+    const QString pregunta =
+        QStringLiteral("Hay registros de Documento de Prueba (Table2, )  cuya grabación no ha sido "
+                       "confirmada. ¿Desea cancelar la grabación?");
+    {
+        ScreenTest<PantallaLineas> s(*datos_);
+        ASSERT_TRUE(s.open());
+        s.form().Table1().First();
+        ASSERT_TRUE(nuevaLinea(s, QStringLiteral("cancelada")));
+        messages_.answer(QStringLiteral("SI"));
+        EXPECT_TRUE(s.form().Close());
+        EXPECT_EQ(messages_.texts(), QStringList{pregunta});
+        EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA")), QStringLiteral("0"));
+    }
+    {
+        ScreenTest<PantallaLineas> s(*datos_);
+        ASSERT_TRUE(s.open());
+        s.form().Table1().First();
+        ASSERT_TRUE(nuevaLinea(s, QStringLiteral("NO")));
+        messages_.clear();
+        messages_.answer(QStringLiteral("NO"));
+        EXPECT_FALSE(s.form().Close()) << "a line the validator refuses keeps the form open";
+        EXPECT_EQ(messages_.texts(),
+                  (QStringList{pregunta, QStringLiteral("¡No existe la Partida!"),
+                               QStringLiteral("¡ La línea no ha sido grabada !")}));
+        EXPECT_EQ(s.form().Table2().State(), DatasetState::Insert);
+
+        ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] {
+            s.form()
+                .Table2()
+                .FieldByName(QStringLiteral("Texto"))
+                .SetAsString(QStringLiteral("grabada"));
+        }));
+        messages_.clear();
+        messages_.answer(QStringLiteral("NO"));
+        EXPECT_TRUE(s.form().Close());
+        EXPECT_EQ(messages_.texts(), QStringList{pregunta});
+        EXPECT_EQ(
+            cuenta(QStringLiteral("SELECT Texto FROM PRULINEA WHERE Numero = 1 AND Linea = 1")),
+            QStringLiteral("grabada"));
+    }
 }
 
 // Two sessions on one installation take the same next number; the later post asks.
