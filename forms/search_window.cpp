@@ -139,7 +139,7 @@ void TfGENEBUSQ::declarar() {
         filtrar(1);
         filtrar(2);
     });
-    en("CancelarFiltros1Click", [this] { CancelarFiltros(*filas_); });
+    en("CancelarFiltros1Click", [this] { quitarFiltros(); });
     en("ListadoProgramable1Click", [this] {
         if (ListadoRapido && filas_->Active())
             ListadoRapido(*filas_, QStringLiteral("Listado de la tabla ") + estado_.tabla,
@@ -158,8 +158,7 @@ void TfGENEBUSQ::Abrir(const EstadoBusqueda &estado, const OpcionesBusqueda &opc
     abierta_ = true;
     limite_->Enabled = datos_.sesion().backend() == Backend::PostgreSQL;
     filas_->Close();
-    CancelarFiltros(*filas_);
-    filas_->SetFilter({});
+    quitarFiltros();
     Caption = QStringLiteral("Buscar en la tabla") + u' ' + estado_.tabla;
     filas_->DatabaseName =
         general() ? QStringLiteral("DatabaseGeneral") : QStringLiteral("Database");
@@ -292,9 +291,14 @@ void TfGENEBUSQ::ejecutar(const QString &sql) {
     const std::optional<int> limite = LimiteBusqueda(limite_->Text);
     ultimaSentencia_ = limite ? ConLimite(sql, *limite) : sql;
     filas_->Close();
+    quitarFiltros();
+    AbrirResultadosBusqueda(*filas_, ultimaSentencia_, *grid_, QStringLiteral("T") + Name, opciones_);
+}
+
+// The window's conditions go with the filter text: its base filter is empty.
+void TfGENEBUSQ::quitarFiltros() {
     CancelarFiltros(*filas_);
     filas_->SetFilter({});
-    AbrirResultadosBusqueda(*filas_, ultimaSentencia_, *grid_, QStringLiteral("T") + Name, opciones_);
 }
 
 void TfGENEBUSQ::Conforme() {

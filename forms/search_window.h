@@ -117,6 +117,7 @@ private:
     void rellenarListaCampos();
     QString columnasBusqueda();
     void ejecutar(const QString &sql);
+    void quitarFiltros();
     void guardarOpciones();
     void filtrar(int tipo);
     void cerrar(std::optional<QString> resultado);

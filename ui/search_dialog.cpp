@@ -4,6 +4,7 @@
 #include "forms/pick_list_check.h"
 #include "ui/dataset_model.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
@@ -36,14 +37,18 @@ bool ejecutar(const std::function<void()> &accion) {
     return false;
 }
 
-// The grid of a search answer; a new model after every search, as the columns change.
+// The grid of a search answer; a new model after every search, as the columns
+// change, and after every change of the rows' filter.
 class RejillaBusqueda {
 public:
     RejillaBusqueda(forms::DBGrid &grid, QTableView *view) : grid_(grid), view_(view) {}
     void refrescar(const QString &sentencia) {
-        if (sentencia == sentencia_ && model_)
+        const forms::Dataset *filas = grid_.DataSet();
+        const QString estado =
+            sentencia + u'\n' + (filas && filas->Filtered() ? filas->Filter() : QString());
+        if (estado == estado_ && model_)
             return;
-        sentencia_ = sentencia;
+        estado_ = estado;
         auto *anterior = model_;
         model_ = new DatasetModel(grid_, ejecutar, view_);
         view_->setModel(model_);
@@ -61,7 +66,7 @@ private:
     forms::DBGrid &grid_;
     QTableView *view_;
     DatasetModel *model_ = nullptr;
-    QString sentencia_;
+    QString estado_;
 };
 
 class DialogoBusqueda : public QDialog {
@@ -101,6 +106,16 @@ public:
         grid_ = nuevo<QTableView>(QStringLiteral("DBGrid1"));
         grid_->setSelectionBehavior(QAbstractItemView::SelectRows);
         grid_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        grid_->setContextMenuPolicy(Qt::ActionsContextMenu);
+        for (forms::Component *c : v_.Components()) {
+            if (c->Kind() != forms::ComponentKind::MenuItem)
+                continue;
+            auto *a = new QAction(c->Caption, grid_);
+            a->setObjectName(c->Name());
+            grid_->addAction(a);
+            connect(a, &QAction::triggered, this,
+                    [this, nombre = c->Name()] { accion([&] { v_.Click(nombre); }); });
+        }
         capa->addWidget(grid_, 1);
         rejilla_ = std::make_unique<RejillaBusqueda>(v_.DBGrid1(), grid_);
         auto *botones = new QHBoxLayout;

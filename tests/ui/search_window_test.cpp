@@ -1,7 +1,8 @@
 // The search window in the desktop program, offscreen: F2 on the supplier
 // column of the subcontract master opens "Buscar en la tabla PROVEEDR"; a code
 // typed and Enter searches, Enter in the grid accepts, and the code lands in
-// the record. Esc leaves the record as it was.
+// the record. Esc leaves the record as it was. The grid's pop-up filters act on
+// what it shows.
 #include "core/installation.h"
 #include "ui/desktop_session.h"
 #include "ui/form_view.h"
@@ -35,6 +36,7 @@ protected:
         DesktopTest::SetUp();
         session_ = std::make_unique<DesktopSession>(opciones(QStringLiteral("ADMIN")), &port_);
         ASSERT_TRUE(session_->Arrancar()) << port_.texts().join(u'\n').toStdString();
+        port_.clear();
         TModuloDatos &d = session_->aplicacion().datos();
         for (const char *fila : {"(41, 'Hierros Norte')", "(42, 'Gruas Sur')", "(43, 'Andamios')"})
             ASSERT_FALSE(
@@ -87,6 +89,21 @@ protected:
         });
         pulsar(grid, Qt::Key_F2);
         EXPECT_TRUE(visto);
+    }
+    // Types a code into DatoABuscar and presses Enter.
+    static void buscar(QDialog &d, const QString &codigo) {
+        auto *dato = d.findChild<QLineEdit *>(QStringLiteral("DatoABuscar"));
+        ASSERT_NE(dato, nullptr);
+        dato->setFocus();
+        dato->setText(codigo);
+        Q_EMIT dato->textEdited(dato->text());
+        pulsar(dato, Qt::Key_Return);
+    }
+    static QStringList codigos(QTableView &grid) {
+        QStringList out;
+        for (int r = 0; r < grid.model()->rowCount(); ++r)
+            out << grid.model()->index(r, 0).data().toString();
+        return out;
     }
     QString proveedor() {
         auto &form = static_cast<works::TfOBRASUBC &>(view_->form());
@@ -157,6 +174,34 @@ TEST_P(SearchWindow, MemoColumnsShowTheirTextOnOneLineWhenAsked) {
             fila << grid->model()->index(0, c).data().toString();
         EXPECT_TRUE(fila.contains(QStringLiteral("Llamar antes de las 8"))) << fila.join(u'|').toStdString();
     });
+}
+
+TEST_P(SearchWindow, GridFiltersAskWithTheCurrentValueAndACancelKeepsTheRows) {
+    f2EnProveedor([&](QDialog &d) {
+        auto *grid = d.findChild<QTableView *>(QStringLiteral("DBGrid1"));
+        ASSERT_NE(grid, nullptr);
+        buscar(d, QStringLiteral("41"));
+        ASSERT_EQ(codigos(*grid), (QStringList{"41", "42", "43"}));
+        grid->setCurrentIndex(grid->model()->index(1, 0));
+        auto *igual = grid->findChild<QAction *>(QStringLiteral("FiltrarRegistrosporValorIguala"));
+        auto *desde = grid->findChild<QAction *>(QStringLiteral("FiltrarRegistrosporValorDesde"));
+        auto *cancelar = grid->findChild<QAction *>(QStringLiteral("CancelarFiltros1"));
+        ASSERT_TRUE(igual && desde && cancelar);
+        EXPECT_TRUE(grid->actions().contains(igual)) << "on the grid's pop-up menu";
+        port_.cancel();
+        igual->trigger();
+        EXPECT_EQ(codigos(*grid), (QStringList{"41", "42", "43"})) << "cancelled";
+        igual->trigger(); // the proposed value accepted
+        EXPECT_EQ(codigos(*grid), QStringList{"42"});
+        cancelar->trigger();
+        EXPECT_EQ(codigos(*grid), (QStringList{"41", "42", "43"}));
+        port_.answer(QStringLiteral("43"));
+        desde->trigger();
+        EXPECT_EQ(codigos(*grid), QStringList{"43"});
+    });
+    EXPECT_EQ(port_.texts(), (QStringList{QStringLiteral("Introduzca el valor del campo Codigo"),
+                                          QStringLiteral("Introduzca el valor del campo Codigo"),
+                                          QStringLiteral("Introduzca el valor Desde Codigo")}));
 }
 
 INSTANTIATE_TEST_SUITE_P(Backends, SearchWindow,
