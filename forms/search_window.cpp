@@ -381,6 +381,12 @@ bool TfGENEBUSQ::ProcesarTecla(const Tecla &t) {
     case Qt::Key_F4:
         CallHandler(QStringLiteral("pbPersonalizarBusquedaClick"));
         return true;
+    case Qt::Key_L:
+        if (!ctrl || foco != grid_)
+            return false;
+        if (DialogoFuente)
+            DialogoFuente(*grid_);
+        return true;
     default:
         break;
     }

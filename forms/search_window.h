@@ -103,6 +103,8 @@ public:
 
     // The quick listing of the rows in memory (title, context); skipped when unset.
     std::function<void(Dataset &, const QString &, const QString &)> ListadoRapido;
+    // Ctrl+L on the grid: the font dialog of the view; skipped when unset.
+    std::function<void(DBGrid &)> DialogoFuente;
 
     Component &DatoABuscar() const { return *dato_; }
     DataControl &ListaCamposBusqueda() const { return *lista_; }

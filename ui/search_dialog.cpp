@@ -3,6 +3,7 @@
 #include "core/session.h"
 #include "forms/pick_list_check.h"
 #include "ui/dataset_model.h"
+#include "ui/font_dialog.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -118,6 +119,7 @@ public:
         }
         capa->addWidget(grid_, 1);
         rejilla_ = std::make_unique<RejillaBusqueda>(v_.DBGrid1(), grid_);
+        v_.DialogoFuente = [this](forms::DBGrid &) { DialogoFuente(*grid_, true); };
         auto *botones = new QHBoxLayout;
         for (const char *n : {"pbPersonalizarBusqueda", "pbBuscar", "pbConforme", "pbCancelar"}) {
             const QString nombre = QString::fromLatin1(n);
@@ -151,6 +153,7 @@ public:
         refrescar();
         resize(640, 420);
     }
+    ~DialogoBusqueda() override { v_.DialogoFuente = nullptr; }
 
 protected:
     bool eventFilter(QObject *obj, QEvent *e) override {
@@ -210,10 +213,14 @@ private:
         estado_->setText(v_.TextoEstado());
         if (v_.Abierta())
             rejilla_->refrescar(v_.UltimaSentencia());
-        QFont letra = grid_->font();
-        letra.setPointSize(font().pointSize() -
-                           (v_.Find<Component>(QStringLiteral("LetraPequena"))->Checked ? 2 : 0));
-        grid_->setFont(letra);
+        // Only a change of the option touches the font: a font chosen with Ctrl+L stays.
+        const bool pequena = v_.Find<Component>(QStringLiteral("LetraPequena"))->Checked;
+        if (pequena != pequena_) {
+            pequena_ = pequena;
+            QFont letra = font();
+            letra.setPointSize(font().pointSize() - (pequena ? 2 : 0));
+            grid_->setFont(letra);
+        }
         if (Component *foco = v_.ActiveControl())
             if (auto *w = findChild<QWidget *>(foco->Name()); w && !w->hasFocus())
                 w->setFocus();
@@ -232,6 +239,7 @@ private:
     QLabel *estado_;
     std::unique_ptr<RejillaBusqueda> rejilla_;
     bool leyendo_ = false;
+    bool pequena_ = false;
 };
 
 class DialogoAproximacion : public QDialog {

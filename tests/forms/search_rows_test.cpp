@@ -1,5 +1,5 @@
 // The rows of the search window: the value filters of its grid, with the
-// current value proposed, on both back-ends.
+// current value proposed, and its font key, on both back-ends.
 #include "search_fixture.h"
 
 namespace co::forms {
@@ -62,6 +62,26 @@ TEST_P(SearchRows, ValueFiltersProposeTheCurrentValueAndACancelChangesNothing) {
                            QStringLiteral("Introduzca el valor Desde Codigo"),
                            QStringLiteral("Introduzca el valor Hasta Codigo"),
                            QStringLiteral("Introduzca el valor del campo Nombre")}));
+}
+
+TEST_P(SearchRows, CtrlLOnTheGridAsksTheViewForAFont) {
+    QStringList rejillas;
+    guion_.busq = [&](TfGENEBUSQ &v) {
+        v.DialogoFuente = [&](DBGrid &g) { rejillas << g.Name(); };
+        EXPECT_FALSE(v.ProcesarTecla(test::tecla(Qt::Key_L, Qt::ControlModifier)))
+            << "not in DatoABuscar";
+        v.ProcesarTecla(test::tecla(Qt::Key_Return));
+        ASSERT_EQ(v.ActiveControl(), &v.DBGrid1());
+        EXPECT_FALSE(v.ProcesarTecla(test::tecla(Qt::Key_L)));
+        EXPECT_TRUE(rejillas.isEmpty());
+        EXPECT_TRUE(v.ProcesarTecla(test::tecla(Qt::Key_L, Qt::ControlModifier)));
+        EXPECT_EQ(rejillas, QStringList{QStringLiteral("DBGrid1")});
+        v.DialogoFuente = nullptr;
+        EXPECT_TRUE(v.ProcesarTecla(test::tecla(Qt::Key_L, Qt::ControlModifier)))
+            << "no view to ask: the key is still the grid's";
+    };
+    busquedas_->BuscarEnTabla(QStringLiteral("PRUCLI"));
+    EXPECT_EQ(rejillas.size(), 1);
 }
 
 CO_ON_BOTH_BACKENDS(SearchRows);

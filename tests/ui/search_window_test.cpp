@@ -1,14 +1,15 @@
 // The search window in the desktop program, offscreen: F2 on the supplier
 // column of the subcontract master opens "Buscar en la tabla PROVEEDR"; a code
 // typed and Enter searches, Enter in the grid accepts, and the code lands in
-// the record. Esc leaves the record as it was. The grid's pop-up filters act on
-// what it shows.
+// the record. Esc leaves the record as it was. The grid's pop-up filters and
+// Ctrl+L act on what it shows.
 #include "core/installation.h"
 #include "ui/desktop_session.h"
 #include "ui/form_view.h"
 #include "works/subcontracts_master.h"
 
 #include "desktop_fixture.h"
+#include "font_answer.h"
 #include <QCheckBox>
 
 #include <QAction>
@@ -202,6 +203,29 @@ TEST_P(SearchWindow, GridFiltersAskWithTheCurrentValueAndACancelKeepsTheRows) {
     EXPECT_EQ(port_.texts(), (QStringList{QStringLiteral("Introduzca el valor del campo Codigo"),
                                           QStringLiteral("Introduzca el valor del campo Codigo"),
                                           QStringLiteral("Introduzca el valor Desde Codigo")}));
+}
+
+TEST_P(SearchWindow, CtrlLOnTheGridGivesItTheChosenFont) {
+    f2EnProveedor([&](QDialog &d) {
+        auto *grid = d.findChild<QTableView *>(QStringLiteral("DBGrid1"));
+        ASSERT_NE(grid, nullptr);
+        buscar(d, QStringLiteral("41"));
+        const QFont antes = grid->font();
+        const QColor tituloAntes = test::titulos(*grid);
+        test::RespuestaFuente respuesta(std::nullopt);
+        pulsar(grid, Qt::Key_L, Qt::ControlModifier);
+        ASSERT_EQ(respuesta.abiertas.size(), 1);
+        EXPECT_EQ(grid->font(), antes) << "cancelled";
+        EXPECT_EQ(test::titulos(*grid), tituloAntes);
+        respuesta.responder(test::fuenteElegida());
+        pulsar(grid, Qt::Key_L, Qt::ControlModifier);
+        test::esperarFuenteEnRejilla(*grid, test::fuenteElegida());
+        // Another search draws a new answer in the same font.
+        buscar(d, QStringLiteral("42"));
+        EXPECT_EQ(codigos(*grid), (QStringList{"42", "43"}));
+        test::esperarFuenteEnRejilla(*grid, test::fuenteElegida());
+        EXPECT_TRUE(d.isVisible());
+    });
 }
 
 INSTANTIATE_TEST_SUITE_P(Backends, SearchWindow,
