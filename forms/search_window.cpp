@@ -11,6 +11,8 @@ namespace {
 const QString kDatosBusqueda = QStringLiteral("DatosBusqueda");
 const QStringList kModos = {QStringLiteral("BusquedaAproximada"), QStringLiteral("BusquedaParcial"),
                             QStringLiteral("BusquedaFonetica")};
+// Rows an unlimited search reads at a time, as the grid asks for them.
+constexpr int kPaquete = 100;
 } // namespace
 
 QString TextoClaveFila(const Dataset &filas, const QStringList &clave, bool soloUltimoNulo) {
@@ -272,7 +274,16 @@ void TfGENEBUSQ::Buscar(bool automatica) {
     p.ordenados = Find<Component>(QStringLiteral("ResultadosOrdenados"))->Checked;
     p.columnas = columnasBusqueda();
     p.formatoFechaSQL = datos_.sesion().FormatoFechaSQL;
-    ejecutar(SentenciaBusqueda(p));
+    const std::optional<int> limite = LimiteBusqueda(limite_->Text);
+    // Packets need a total order: the key ends it. A table without one is read whole.
+    if (!limite)
+        p.clave = datos_.ClavePrimaria(estado_.tabla);
+    ultimaSentencia_ = limite ? ConLimite(SentenciaBusqueda(p), *limite) : SentenciaBusqueda(p);
+    filas_->Close();
+    quitarFiltros();
+    filas_->PacketRecords = p.clave.isEmpty() ? -1 : kPaquete;
+    AbrirResultadosBusqueda(*filas_, ultimaSentencia_, *grid_, QStringLiteral("T") + Name,
+                            opciones_);
     if (!filas_->Active() || filas_->IsEmpty()) {
         if (!automatica)
             mensajes_.MensajeI(
@@ -285,14 +296,6 @@ void TfGENEBUSQ::Buscar(bool automatica) {
         for (int i = 2; i < grid_->Columns.size(); ++i)
             if (grid_->Columns[i].FieldName.compare(lista_->Text, Qt::CaseInsensitive) == 0)
                 SelectColumn(*grid_, i);
-}
-
-void TfGENEBUSQ::ejecutar(const QString &sql) {
-    const std::optional<int> limite = LimiteBusqueda(limite_->Text);
-    ultimaSentencia_ = limite ? ConLimite(sql, *limite) : sql;
-    filas_->Close();
-    quitarFiltros();
-    AbrirResultadosBusqueda(*filas_, ultimaSentencia_, *grid_, QStringLiteral("T") + Name, opciones_);
 }
 
 // The window's conditions go with the filter text: its base filter is empty.

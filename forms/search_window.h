@@ -16,6 +16,8 @@
 // Row limit: the limit control is enabled on the server back-end only. On the
 // embedded back-end it stays disabled at its value, and that value is still
 // applied: a search from a key value reads its page of rows, not the table.
+// "Ilimitado" reads the answer in packets of 100 rows as the grid moves on,
+// ordered to the end by the table's key; other limits read it all at once.
 
 #include "core/database.h"
 #include "core/hidden_controls.h"
@@ -118,7 +120,6 @@ private:
     void declarar();
     void rellenarListaCampos();
     QString columnasBusqueda();
-    void ejecutar(const QString &sql);
     void quitarFiltros();
     void guardarOpciones();
     void filtrar(int tipo);

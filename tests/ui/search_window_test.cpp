@@ -1,8 +1,8 @@
 // The search window in the desktop program, offscreen: F2 on the supplier
 // column of the subcontract master opens "Buscar en la tabla PROVEEDR"; a code
 // typed and Enter searches, Enter in the grid accepts, and the code lands in
-// the record. Esc leaves the record as it was. The grid's pop-up filters and
-// Ctrl+L act on what it shows.
+// the record. Esc leaves the record as it was. An unlimited answer grows as
+// the grid scrolls; the grid's pop-up filters and Ctrl+L act on what it shows.
 #include "core/installation.h"
 #include "ui/desktop_session.h"
 #include "ui/form_view.h"
@@ -11,9 +11,11 @@
 #include "desktop_fixture.h"
 #include "font_answer.h"
 #include <QCheckBox>
+#include <QComboBox>
 
 #include <QAction>
 #include <QApplication>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -21,6 +23,7 @@
 #include <QProcess>
 #include <QTableView>
 #include <QTimer>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace co::ui {
@@ -175,6 +178,47 @@ TEST_P(SearchWindow, MemoColumnsShowTheirTextOnOneLineWhenAsked) {
             fila << grid->model()->index(0, c).data().toString();
         EXPECT_TRUE(fila.contains(QStringLiteral("Llamar antes de las 8"))) << fila.join(u'|').toStdString();
     });
+}
+
+TEST_P(SearchWindow, AnUnlimitedAnswerGrowsAsTheGridScrolls) {
+    QStringList filas;
+    for (int codigo = 101; codigo <= 347; ++codigo)
+        filas << QStringLiteral("(%1, 'Proveedor %1')").arg(codigo);
+    ASSERT_FALSE(session_->aplicacion()
+                     .datos()
+                     .EjecutarSQL(QStringLiteral("INSERT INTO PROVEEDR (Codigo, Nombre) VALUES ") +
+                                  filas.join(u','))
+                     .startsWith(QStringLiteral("Error.")));
+    QStringList esperados{QStringLiteral("41"), QStringLiteral("42"), QStringLiteral("43")};
+    for (int codigo = 101; codigo <= 347; ++codigo)
+        esperados << QString::number(codigo);
+    f2EnProveedor([&](QDialog &d) {
+        auto *limite = d.findChild<QComboBox *>(QStringLiteral("NumeroMaximoRegistros"));
+        auto *grid = d.findChild<QTableView *>(QStringLiteral("DBGrid1"));
+        ASSERT_TRUE(limite && grid);
+        limite->setCurrentText(QStringLiteral("Ilimitado"));
+        buscar(d, QStringLiteral("41"));
+        ASSERT_NE(grid->model(), nullptr);
+        const int primeras = grid->model()->rowCount();
+        EXPECT_LT(primeras, 250) << "not everything at once";
+        EXPECT_TRUE(grid->model()->canFetchMore({}));
+        QList<int> vistas{primeras};
+        for (int i = 0; i < 20 && grid->model()->canFetchMore({}); ++i) {
+            grid->scrollToBottom();
+            QCoreApplication::processEvents();
+            vistas << grid->model()->rowCount();
+        }
+        EXPECT_EQ(vistas.last(), 250);
+        EXPECT_TRUE(std::is_sorted(vistas.begin(), vistas.end()));
+        EXPECT_GT(vistas.size(), 2) << "it grew step by step";
+        EXPECT_EQ(codigos(*grid), esperados) << "in key order, none repeated or missed";
+        grid->setFocus();
+        grid->setCurrentIndex(grid->model()->index(240, 0));
+        pulsar(grid, Qt::Key_Return);
+        EXPECT_FALSE(d.isVisible());
+    });
+    EXPECT_EQ(proveedor(), esperados[240]);
+    EXPECT_TRUE(port_.texts().isEmpty()) << port_.texts().join(u'\n').toStdString();
 }
 
 TEST_P(SearchWindow, GridFiltersAskWithTheCurrentValueAndACancelKeepsTheRows) {
