@@ -29,12 +29,24 @@ QString ScriptedMessages::show(QChar kind, const QString &text, const QString &v
 
 QString ScriptedMessages::showTitled(QChar kind, const QString &title, const QString &text,
                                      const QString &value) {
+    if (kind == u'P')
+        return ask(title, text, value).value_or(value);
     shown_.append({kind, text, title});
-    if (kind != u'C' && kind != u'P')
+    if (kind != u'C')
         return {};
+    return next(QStringLiteral("NO")).value_or(QStringLiteral("NO"));
+}
+
+std::optional<QString> ScriptedMessages::ask(const QString &title, const QString &text,
+                                             const QString &value) {
+    shown_.append({u'P', text, title});
+    return next(value);
+}
+
+std::optional<QString> ScriptedMessages::next(const QString &whenEmpty) {
     if (answers_.empty())
-        return kind == u'C' ? QStringLiteral("NO") : value;
-    QString reply = answers_.front();
+        return whenEmpty;
+    std::optional<QString> reply = answers_.front();
     answers_.pop_front();
     return reply;
 }
@@ -59,21 +71,22 @@ QString Messenger::takeAccumulated() {
     return out;
 }
 
-QString Messenger::MostrarMensaje(QChar kind, const QString &rawText, const QString &value) {
+std::pair<QString, QString> Messenger::shown(QChar kind, const QString &rawText) const {
     const QString text = TraducirPrefijo(rawText);
+    if (!translate_)
+        return {TituloMensaje(kind), text};
+    return {translate_(TituloMensaje(kind)), translate_(text)};
+}
+
+QString Messenger::MostrarMensaje(QChar kind, const QString &rawText, const QString &value) {
     if (accumulate_ && (kind == u'I' || kind == u'A' || kind == u'E')) {
-        accumulated_ += text + QStringLiteral("\r\n");
+        accumulated_ += TraducirPrefijo(rawText) + QStringLiteral("\r\n");
         return {};
     }
     QString reply;
     if (port_) {
-        QString title = TituloMensaje(kind);
-        QString shownText = text;
-        if (translate_) {
-            title = translate_(title);
-            shownText = translate_(text);
-        }
-        reply = port_->showTitled(kind, title, shownText, value);
+        const auto [title, text] = shown(kind, rawText);
+        reply = port_->showTitled(kind, title, text, value);
     }
     if (kind == u'C' && reply != QStringLiteral("SI"))
         reply = QStringLiteral("NO");
@@ -82,6 +95,13 @@ QString Messenger::MostrarMensaje(QChar kind, const QString &rawText, const QStr
     if (kind == u'E' && terminate_)
         terminate_();
     return reply;
+}
+
+std::optional<QString> Messenger::InputQuery(const QString &rawText, const QString &value) {
+    if (!port_)
+        return std::nullopt;
+    const auto [title, text] = shown(u'P', rawText);
+    return port_->ask(title, text, value);
 }
 
 } // namespace co

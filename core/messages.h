@@ -2,7 +2,8 @@
 // The one port through which every message reaches the user.
 //
 // Kinds: "I" information, "A" warning, "E" error (ends the application),
-// "C" confirmation (answers "SI" or "NO"), "P" prompt (answers the typed text).
+// "C" confirmation (answers "SI" or "NO"), "P" prompt (answers the typed text;
+// `ask` also tells a cancel apart).
 // The desktop plugs in the typed dialog; tests and the CLI plug in a scripted
 // answerer that records every message.
 
@@ -10,6 +11,7 @@
 #include <QStringList>
 #include <deque>
 #include <functional>
+#include <optional>
 
 namespace co {
 
@@ -36,24 +38,36 @@ public:
         (void)title;
         return show(kind, text, value);
     }
+    // A "P" prompt whose cancel is told apart from an accepted value: the text
+    // accepted, nullopt when cancelled. Ports that cannot cancel answer as `show`.
+    virtual std::optional<QString> ask(const QString &title, const QString &text,
+                                       const QString &value) {
+        return showTitled(u'P', title, text, value);
+    }
 };
 
 // Records every message; answers "C" and "P" from a queue set by the caller
-// ("NO" and the unchanged value once the queue is empty).
+// ("NO" and the proposed value, accepted, once the queue is empty). A cancel in
+// the queue answers "NO", or the unchanged value to `show`.
 class ScriptedMessages : public MessagePort {
 public:
     QString show(QChar kind, const QString &text, const QString &value) override;
     QString showTitled(QChar kind, const QString &title, const QString &text,
                        const QString &value) override;
+    std::optional<QString> ask(const QString &title, const QString &text,
+                               const QString &value) override;
 
     void answer(const QString &reply) { answers_.push_back(reply); }
+    void cancel() { answers_.push_back(std::nullopt); }
     const QList<Message> &shown() const { return shown_; }
     QStringList texts() const;
     void clear() { shown_.clear(); }
 
 private:
+    std::optional<QString> next(const QString &whenEmpty);
+
     QList<Message> shown_;
-    std::deque<QString> answers_;
+    std::deque<std::optional<QString>> answers_;
 };
 
 // Writes every message to standard error; confirmations answer "NO".
@@ -93,10 +107,16 @@ public:
     QString MensajeP(const QString &text, const QString &value = {}) {
         return MostrarMensaje(u'P', text, value);
     }
+    // The prompt with `value` proposed: the text accepted, nullopt when
+    // cancelled or when there is no port to ask.
+    std::optional<QString> InputQuery(const QString &text, const QString &value = {});
     // A plain dialog without a kind, as the statement layer uses for the failing statement.
     void MensajePlano(const QString &text) { MostrarMensaje(u' ', text); }
 
 private:
+    // The title and text as shown: engine phrases in Spanish, then translated.
+    std::pair<QString, QString> shown(QChar kind, const QString &text) const;
+
     MessagePort *port_ = nullptr;
     bool accumulate_ = false;
     QString accumulated_;

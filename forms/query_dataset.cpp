@@ -25,12 +25,28 @@ void Query::ExecSQL() {
 }
 
 QList<Dataset::ColumnInfo> Query::srcOpen() {
+    rows_.clear();
+    pos_ = -1;
+    fetched_ = 0;
+    complete_ = false;
+    return fetch();
+}
+
+// Packets re-run the statement with LIMIT and OFFSET rather than continuing
+// from the last row's order values (keyset): the order fields the user picks
+// may be null, and a null compares as unknown, so a keyset condition would lose
+// those rows. An offset over an order made total by a unique key gives each
+// row exactly once, duplicate order values included, as long as the rows do
+// not change between packets.
+QList<Dataset::ColumnInfo> Query::fetch() {
     Consulta q;
-    q.SQL = SQL;
+    q.SQL = PacketRecords > 0
+                ? SQL + QStringLiteral(" LIMIT %1 OFFSET %2").arg(PacketRecords).arg(fetched_)
+                : SQL;
     q.DatabaseName = ConnectionWord();
     if (!datos_.AbrirConsulta(q, QStringLiteral("Open,Silencio"))) {
-        const QString r =
-            datos_.EjecutarSQL(SQL, ConnectionWord(), QStringLiteral("Silenciosa,No Crear Tabla"));
+        const QString r = datos_.EjecutarSQL(q.SQL, ConnectionWord(),
+                                             QStringLiteral("Silenciosa,No Crear Tabla"));
         throw EDatabaseError(r.startsWith(QStringLiteral("Error."))
                                  ? r.section(QStringLiteral("Motivo: "), 1)
                                  : QStringLiteral("No SQL statement available"));
@@ -38,21 +54,27 @@ QList<Dataset::ColumnInfo> Query::srcOpen() {
     QList<ColumnInfo> out;
     for (const ResultColumn &c : q.Fields())
         out << ColumnInfo{c.name, TipoDeColumna(c.kind), 0, false};
-    rows_.clear();
-    rows_.reserve(static_cast<std::size_t>(q.RecordCount()));
+    rows_.reserve(rows_.size() + static_cast<std::size_t>(q.RecordCount()));
     for (int r = 0; r < q.RecordCount(); ++r) {
         Row row;
         for (int c = 0; c < q.Fields().size(); ++c)
             row << q.Value(r, c);
         rows_.push_back({nextId_++, std::move(row)});
     }
-    pos_ = -1;
+    fetched_ += q.RecordCount();
+    complete_ = PacketRecords <= 0 || q.RecordCount() < PacketRecords;
     return out;
+}
+
+void Query::fetchAll() {
+    while (!complete_)
+        fetch();
 }
 
 void Query::srcClose() {
     rows_.clear();
     pos_ = -1;
+    complete_ = true;
 }
 
 bool Query::inRange(const Row &row) const {
@@ -63,10 +85,18 @@ bool Query::inRange(const Row &row) const {
     return true;
 }
 
-long Query::step(long from, int direction) const {
-    for (long i = from + direction; i >= 0 && i < static_cast<long>(rows_.size()); i += direction)
+long Query::step(long from, int direction) {
+    for (long i = from + direction; i >= 0; i += direction) {
+        if (i >= static_cast<long>(rows_.size())) {
+            if (direction < 0 || complete_)
+                return -1;
+            fetch();
+            if (i >= static_cast<long>(rows_.size()))
+                return -1;
+        }
         if (inRange(rows_[static_cast<std::size_t>(i)].row))
             return i;
+    }
     return -1;
 }
 
@@ -79,6 +109,7 @@ bool Query::srcFirst() {
 }
 
 bool Query::srcLast() {
+    fetchAll();
     const long i = step(static_cast<long>(rows_.size()), -1);
     if (i < 0)
         return false;
@@ -152,6 +183,8 @@ qlonglong Query::srcRecNo() {
 }
 
 bool Query::srcInsert(const Row &row, bool append, const Bookmark &before) {
+    if (append)
+        fetchAll();
     std::size_t at = rows_.size();
     if (!append && before.IsValid()) {
         for (std::size_t i = 0; i < rows_.size(); ++i)

@@ -81,11 +81,13 @@ QString SentenciaBusqueda(const PeticionBusqueda &p) {
         where = QStringLiteral(" WHERE ") + condiciones;
     else if (!p.restriccion.isEmpty())
         where = QStringLiteral(" WHERE ") + p.restriccion;
-    const QString orden =
-        p.ordenados ? QStringLiteral(" ORDER BY ") + QString(p.listaCampos).replace(u';', u',')
-                    : QString();
+    QStringList orden = p.ordenados ? p.listaCampos.split(u';') : QStringList();
+    for (const QString &c : p.clave.split(u';', Qt::SkipEmptyParts))
+        if (!orden.contains(c, Qt::CaseInsensitive))
+            orden << c;
     return QStringLiteral("SELECT ") + p.columnas + QStringLiteral(" FROM ") + p.tabla +
-           QStringLiteral(" WITH(NOLOCK) ") + where + orden;
+           QStringLiteral(" WITH(NOLOCK) ") + where +
+           (orden.isEmpty() ? QString() : QStringLiteral(" ORDER BY ") + orden.join(u','));
 }
 
 std::optional<int> LimiteBusqueda(const QString &texto, int porDefecto) {

@@ -26,12 +26,16 @@ struct PeticionBusqueda {
     QString restriccion;
     bool ordenados = false;
     QString columnas; // the column list, already decided
+    // Key fields (";") that end the order, so that it is total: rows read in
+    // packets then come in one order every time. Empty: the order is the user's.
+    QString clave;
     QString formatoFechaSQL = QStringLiteral("yyyy-mm-dd");
 };
 
 // The conditions of the data, without " WHERE "; empty without data.
 QString CondicionesBusqueda(const PeticionBusqueda &p);
-// "SELECT <columns> FROM <table> WITH(NOLOCK) <where><order>".
+// "SELECT <columns> FROM <table> WITH(NOLOCK) <where><order>"; the order is the
+// field list when ordered, followed by the key fields not in it.
 QString SentenciaBusqueda(const PeticionBusqueda &p);
 // The limit text as `TOP n`: nullopt for "Ilimitado", 1 for a text reading 0,
 // `porDefecto` for a text that is no number.

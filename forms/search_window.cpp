@@ -11,6 +11,8 @@ namespace {
 const QString kDatosBusqueda = QStringLiteral("DatosBusqueda");
 const QStringList kModos = {QStringLiteral("BusquedaAproximada"), QStringLiteral("BusquedaParcial"),
                             QStringLiteral("BusquedaFonetica")};
+// Rows an unlimited search reads at a time, as the grid asks for them.
+constexpr int kPaquete = 100;
 } // namespace
 
 QString TextoClaveFila(const Dataset &filas, const QStringList &clave, bool soloUltimoNulo) {
@@ -139,7 +141,7 @@ void TfGENEBUSQ::declarar() {
         filtrar(1);
         filtrar(2);
     });
-    en("CancelarFiltros1Click", [this] { CancelarFiltros(*filas_); });
+    en("CancelarFiltros1Click", [this] { quitarFiltros(); });
     en("ListadoProgramable1Click", [this] {
         if (ListadoRapido && filas_->Active())
             ListadoRapido(*filas_, QStringLiteral("Listado de la tabla ") + estado_.tabla,
@@ -158,8 +160,7 @@ void TfGENEBUSQ::Abrir(const EstadoBusqueda &estado, const OpcionesBusqueda &opc
     abierta_ = true;
     limite_->Enabled = datos_.sesion().backend() == Backend::PostgreSQL;
     filas_->Close();
-    CancelarFiltros(*filas_);
-    filas_->SetFilter({});
+    quitarFiltros();
     Caption = QStringLiteral("Buscar en la tabla") + u' ' + estado_.tabla;
     filas_->DatabaseName =
         general() ? QStringLiteral("DatabaseGeneral") : QStringLiteral("Database");
@@ -273,7 +274,16 @@ void TfGENEBUSQ::Buscar(bool automatica) {
     p.ordenados = Find<Component>(QStringLiteral("ResultadosOrdenados"))->Checked;
     p.columnas = columnasBusqueda();
     p.formatoFechaSQL = datos_.sesion().FormatoFechaSQL;
-    ejecutar(SentenciaBusqueda(p));
+    const std::optional<int> limite = LimiteBusqueda(limite_->Text);
+    // Packets need a total order: the key ends it. A table without one is read whole.
+    if (!limite)
+        p.clave = datos_.ClavePrimaria(estado_.tabla);
+    ultimaSentencia_ = limite ? ConLimite(SentenciaBusqueda(p), *limite) : SentenciaBusqueda(p);
+    filas_->Close();
+    quitarFiltros();
+    filas_->PacketRecords = p.clave.isEmpty() ? -1 : kPaquete;
+    AbrirResultadosBusqueda(*filas_, ultimaSentencia_, *grid_, QStringLiteral("T") + Name,
+                            opciones_);
     if (!filas_->Active() || filas_->IsEmpty()) {
         if (!automatica)
             mensajes_.MensajeI(
@@ -288,13 +298,10 @@ void TfGENEBUSQ::Buscar(bool automatica) {
                 SelectColumn(*grid_, i);
 }
 
-void TfGENEBUSQ::ejecutar(const QString &sql) {
-    const std::optional<int> limite = LimiteBusqueda(limite_->Text);
-    ultimaSentencia_ = limite ? ConLimite(sql, *limite) : sql;
-    filas_->Close();
+// The window's conditions go with the filter text: its base filter is empty.
+void TfGENEBUSQ::quitarFiltros() {
     CancelarFiltros(*filas_);
     filas_->SetFilter({});
-    AbrirResultadosBusqueda(*filas_, ultimaSentencia_, *grid_, QStringLiteral("T") + Name, opciones_);
 }
 
 void TfGENEBUSQ::Conforme() {
@@ -376,6 +383,12 @@ bool TfGENEBUSQ::ProcesarTecla(const Tecla &t) {
         return true;
     case Qt::Key_F4:
         CallHandler(QStringLiteral("pbPersonalizarBusquedaClick"));
+        return true;
+    case Qt::Key_L:
+        if (!ctrl || foco != grid_)
+            return false;
+        if (DialogoFuente)
+            DialogoFuente(*grid_);
         return true;
     default:
         break;

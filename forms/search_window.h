@@ -16,6 +16,8 @@
 // Row limit: the limit control is enabled on the server back-end only. On the
 // embedded back-end it stays disabled at its value, and that value is still
 // applied: a search from a key value reads its page of rows, not the table.
+// "Ilimitado" reads the answer in packets of 100 rows as the grid moves on,
+// ordered to the end by the table's key; other limits read it all at once.
 
 #include "core/database.h"
 #include "core/hidden_controls.h"
@@ -103,6 +105,8 @@ public:
 
     // The quick listing of the rows in memory (title, context); skipped when unset.
     std::function<void(Dataset &, const QString &, const QString &)> ListadoRapido;
+    // Ctrl+L on the grid: the font dialog of the view; skipped when unset.
+    std::function<void(DBGrid &)> DialogoFuente;
 
     Component &DatoABuscar() const { return *dato_; }
     DataControl &ListaCamposBusqueda() const { return *lista_; }
@@ -116,7 +120,7 @@ private:
     void declarar();
     void rellenarListaCampos();
     QString columnasBusqueda();
-    void ejecutar(const QString &sql);
+    void quitarFiltros();
     void guardarOpciones();
     void filtrar(int tipo);
     void cerrar(std::optional<QString> resultado);

@@ -27,11 +27,11 @@ bool FiltrarPorValor(Dataset &ds, Field &campo, FiltroValor tipo, Messenger &m) 
         op = QStringLiteral("<=");
         break;
     }
-    const QString valor = m.MensajeP(pregunta + etiqueta);
-    if (valor.isEmpty())
+    const std::optional<QString> valor = m.InputQuery(pregunta + etiqueta, campo.AsString());
+    if (!valor)
         return false;
     const QString condicion =
-        u'(' + campo.FieldName() + u' ' + op + u' ' + Entrecomillar(valor) + u')';
+        u'(' + campo.FieldName() + u' ' + op + u' ' + Entrecomillar(*valor) + u')';
     const QString anterior = ds.Filter();
     const bool estaba = ds.Filtered();
     try {

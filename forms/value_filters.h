@@ -1,10 +1,12 @@
 #pragma once
 // The value filters of list forms: "equal to", "from" and "to" on the selected
-// field. The value is asked for; the condition `(<field> <op> '<value>')` is
-// appended with " AND " to the dataset's filter text and the filter is switched
-// off and on. Not offered while the dataset is pending nor on calculated
-// fields. A filter the dataset refuses gives "¡No ha sido posible filtrar
-// registros!" and the former filter stays.
+// field. The value is asked for with the field's current one proposed; an
+// accepted value is taken as it is, empty included, and a cancel filters
+// nothing. The condition `(<field> <op> '<value>')` is appended with " AND "
+// to the dataset's filter text and the filter is switched off and on. Not
+// offered while the dataset is pending nor on calculated fields. A filter the
+// dataset refuses gives "¡No ha sido posible filtrar registros!" and the former
+// filter stays.
 
 #include "core/messages.h"
 

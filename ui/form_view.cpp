@@ -3,6 +3,7 @@
 #include "forms/key_map.h"
 #include "ui/cell_delegate.h"
 #include "ui/dataset_model.h"
+#include "ui/font_dialog.h"
 #include "ui/key_routing.h"
 
 #include <QCheckBox>
@@ -33,10 +34,16 @@ FormView::FormView(std::unique_ptr<forms::Form> form, forms::RutinasFormulario &
     setObjectName(form_->Name);
     setWindowTitle(form_->Caption);
     build();
+    rutinas_.Ventanas.DialogoFuente = [this](forms::Component &c) {
+        if (QWidget *w = widgets_.value(&c))
+            DialogoFuente(*w, c.Kind() == ComponentKind::DBGrid);
+    };
     refresh();
 }
 
-FormView::~FormView() = default;
+FormView::~FormView() {
+    rutinas_.Ventanas.DialogoFuente = nullptr;
+}
 
 bool FormView::run(const std::function<void()> &action) {
     const bool ok = rutinas_.Ejecutar(action);

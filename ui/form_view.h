@@ -6,7 +6,8 @@
 // the dataset's state and place. Every key press and typed character goes to
 // the key map first; what it consumes never reaches the widget. Focus changes
 // and grid column changes run the form's exit checks and are undone when they
-// stop. No business rule lives here.
+// stop. The view answers the form's font dialog (Ctrl+L) on its own widgets.
+// No business rule lives here.
 
 #include "forms/form.h"
 #include "forms/maintenance_routines.h"

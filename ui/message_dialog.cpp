@@ -88,4 +88,12 @@ QString DialogMessages::show(QChar kind, const QString &text, const QString &val
     return dialog.answer();
 }
 
+std::optional<QString> DialogMessages::ask(const QString &, const QString &text,
+                                           const QString &value) {
+    TfGENEMENS dialog(u'P', text, value, parent_);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.answer();
+}
+
 } // namespace co::ui

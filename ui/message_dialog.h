@@ -39,6 +39,8 @@ public:
     explicit DialogMessages(QWidget *parent = nullptr) : parent_(parent) {}
     void setParent(QWidget *parent) { parent_ = parent; }
     QString show(QChar kind, const QString &text, const QString &value) override;
+    std::optional<QString> ask(const QString &title, const QString &text,
+                               const QString &value) override;
 
 private:
     QWidget *parent_;

@@ -3,7 +3,9 @@
 #include "core/session.h"
 #include "forms/pick_list_check.h"
 #include "ui/dataset_model.h"
+#include "ui/font_dialog.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
@@ -36,14 +38,18 @@ bool ejecutar(const std::function<void()> &accion) {
     return false;
 }
 
-// The grid of a search answer; a new model after every search, as the columns change.
+// The grid of a search answer; a new model after every search, as the columns
+// change, and after every change of the rows' filter.
 class RejillaBusqueda {
 public:
     RejillaBusqueda(forms::DBGrid &grid, QTableView *view) : grid_(grid), view_(view) {}
     void refrescar(const QString &sentencia) {
-        if (sentencia == sentencia_ && model_)
+        const forms::Dataset *filas = grid_.DataSet();
+        const QString estado =
+            sentencia + u'\n' + (filas && filas->Filtered() ? filas->Filter() : QString());
+        if (estado == estado_ && model_)
             return;
-        sentencia_ = sentencia;
+        estado_ = estado;
         auto *anterior = model_;
         model_ = new DatasetModel(grid_, ejecutar, view_);
         view_->setModel(model_);
@@ -61,7 +67,7 @@ private:
     forms::DBGrid &grid_;
     QTableView *view_;
     DatasetModel *model_ = nullptr;
-    QString sentencia_;
+    QString estado_;
 };
 
 class DialogoBusqueda : public QDialog {
@@ -101,8 +107,19 @@ public:
         grid_ = nuevo<QTableView>(QStringLiteral("DBGrid1"));
         grid_->setSelectionBehavior(QAbstractItemView::SelectRows);
         grid_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        grid_->setContextMenuPolicy(Qt::ActionsContextMenu);
+        for (forms::Component *c : v_.Components()) {
+            if (c->Kind() != forms::ComponentKind::MenuItem)
+                continue;
+            auto *a = new QAction(c->Caption, grid_);
+            a->setObjectName(c->Name());
+            grid_->addAction(a);
+            connect(a, &QAction::triggered, this,
+                    [this, nombre = c->Name()] { accion([&] { v_.Click(nombre); }); });
+        }
         capa->addWidget(grid_, 1);
         rejilla_ = std::make_unique<RejillaBusqueda>(v_.DBGrid1(), grid_);
+        v_.DialogoFuente = [this](forms::DBGrid &) { DialogoFuente(*grid_, true); };
         auto *botones = new QHBoxLayout;
         for (const char *n : {"pbPersonalizarBusqueda", "pbBuscar", "pbConforme", "pbCancelar"}) {
             const QString nombre = QString::fromLatin1(n);
@@ -136,6 +153,7 @@ public:
         refrescar();
         resize(640, 420);
     }
+    ~DialogoBusqueda() override { v_.DialogoFuente = nullptr; }
 
 protected:
     bool eventFilter(QObject *obj, QEvent *e) override {
@@ -195,10 +213,14 @@ private:
         estado_->setText(v_.TextoEstado());
         if (v_.Abierta())
             rejilla_->refrescar(v_.UltimaSentencia());
-        QFont letra = grid_->font();
-        letra.setPointSize(font().pointSize() -
-                           (v_.Find<Component>(QStringLiteral("LetraPequena"))->Checked ? 2 : 0));
-        grid_->setFont(letra);
+        // Only a change of the option touches the font: a font chosen with Ctrl+L stays.
+        const bool pequena = v_.Find<Component>(QStringLiteral("LetraPequena"))->Checked;
+        if (pequena != pequena_) {
+            pequena_ = pequena;
+            QFont letra = font();
+            letra.setPointSize(font().pointSize() - (pequena ? 2 : 0));
+            grid_->setFont(letra);
+        }
         if (Component *foco = v_.ActiveControl())
             if (auto *w = findChild<QWidget *>(foco->Name()); w && !w->hasFocus())
                 w->setFocus();
@@ -217,6 +239,7 @@ private:
     QLabel *estado_;
     std::unique_ptr<RejillaBusqueda> rejilla_;
     bool leyendo_ = false;
+    bool pequena_ = false;
 };
 
 class DialogoAproximacion : public QDialog {

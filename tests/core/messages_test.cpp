@@ -24,6 +24,42 @@ TEST(Messenger, PromptCancelledKeepsTheValue) {
     EXPECT_EQ(m.MensajeP(QStringLiteral("Código:"), QStringLiteral("12")), QStringLiteral("34"));
 }
 
+TEST(Messenger, InputQueryTellsACancelFromAnAcceptedValue) {
+    ScriptedMessages port;
+    Messenger m(&port);
+    EXPECT_EQ(m.InputQuery(QStringLiteral("Código:"), QStringLiteral("12")), QStringLiteral("12"))
+        << "nothing scripted accepts the proposed value";
+    port.answer(QStringLiteral("34"));
+    port.cancel();
+    port.answer(QString());
+    EXPECT_EQ(m.InputQuery(QStringLiteral("Código:"), QStringLiteral("12")), QStringLiteral("34"));
+    EXPECT_EQ(m.InputQuery(QStringLiteral("Código:"), QStringLiteral("12")), std::nullopt);
+    const std::optional<QString> vacio =
+        m.InputQuery(QStringLiteral("Código:"), QStringLiteral("12"));
+    ASSERT_TRUE(vacio.has_value()) << "an emptied box accepted is not a cancel";
+    EXPECT_TRUE(vacio->isEmpty());
+    ASSERT_EQ(port.shown().size(), 4);
+    EXPECT_EQ(port.shown()[0].kind, u'P');
+    EXPECT_EQ(port.shown()[0].title, QStringLiteral("Pregunta"));
+
+    // The plain prompt still reads a cancel as the value unchanged, and a
+    // cancel in a confirmation's place is "NO".
+    port.cancel();
+    EXPECT_EQ(m.MensajeP(QStringLiteral("Código:"), QStringLiteral("12")), QStringLiteral("12"));
+    port.cancel();
+    EXPECT_EQ(m.MensajeC(QStringLiteral("¿Seguro?")), QStringLiteral("NO"));
+
+    m.setTranslator([](const QString &t) { return QStringLiteral("<%1>").arg(t); });
+    port.answer(QStringLiteral("7"));
+    EXPECT_EQ(m.InputQuery(QStringLiteral("Código:")), QStringLiteral("7"));
+    EXPECT_EQ(port.shown().last().title, QStringLiteral("<Pregunta>"));
+    EXPECT_EQ(port.shown().last().text, QStringLiteral("<Código:>"));
+
+    Messenger sinPuerto;
+    EXPECT_EQ(sinPuerto.InputQuery(QStringLiteral("Código:"), QStringLiteral("12")), std::nullopt)
+        << "no one to answer is no answer";
+}
+
 TEST(Messenger, AccumulatedModeBuffersAndNeverTerminates) {
     ScriptedMessages port;
     Messenger m(&port);

@@ -356,14 +356,28 @@ TEST_P(KeyMap, WindowsNotSetAreSkippedAndSetOnesGetTheRecord) {
     rutinas_->Ventanas.ConfigurarRejilla = [&](DBGrid &g) {
         log << QStringLiteral("G:") + g.Name();
     };
+    rutinas_->Ventanas.DialogoFuente = [&](Component &c) {
+        log << QStringLiteral("L:") + c.Name();
+    };
     for (const auto &[k, m] : teclas)
         pulsar(k, m);
     EXPECT_EQ(log, (QStringList{QStringLiteral("Z:Table1"), QStringLiteral("+:Table1"),
-                                QStringLiteral("R:Table1"), QStringLiteral("G:DBGrid1")}));
+                                QStringLiteral("R:Table1"), QStringLiteral("G:DBGrid1"),
+                                QStringLiteral("L:DBGrid1")}));
     log.clear();
     table_->Edit();
     pulsar(Qt::Key_Plus, Qt::ControlModifier | Qt::KeypadModifier);
     EXPECT_TRUE(log.isEmpty()) << "user fields only in Browse";
+    table_->Cancel();
+
+    // The font dialog is for grids and multi-line texts only.
+    Component &edit = form_->AddControl(ComponentKind::Edit, QStringLiteral("EditNombre"));
+    form_->SetFocus(&edit);
+    EXPECT_FALSE(pulsar(Qt::Key_L, Qt::ControlModifier));
+    Component &memo = form_->AddControl(ComponentKind::Memo, QStringLiteral("MemoNotas"));
+    form_->SetFocus(&memo);
+    EXPECT_TRUE(pulsar(Qt::Key_L, Qt::ControlModifier));
+    EXPECT_EQ(log, QStringList{QStringLiteral("L:MemoNotas")});
 }
 
 TEST_P(KeyMap, F8InAdministratorModeCollectsControlsAndGridColumns) {

@@ -71,10 +71,16 @@ TEST_P(ListChecks, ValueFiltersAddConditionsAndCancelClearsThem) {
               QStringLiteral("(Codigo >= '2') AND (Imputable = 'SI') AND (Codigo <= '5')"));
     EXPECT_EQ(table_->RecordCount(), 2);
 
-    messages_.answer(QString());
+    const QString filtro = table_->Filter();
+    messages_.clear();
+    messages_.cancel();
     EXPECT_FALSE(
         FiltrarPorValor(*table_, campo("Codigo"), FiltroValor::IgualA, sesion_->mensajes()))
         << "a cancelled prompt filters nothing";
+    EXPECT_EQ(messages_.texts(),
+              QStringList{QStringLiteral("Introduzca el valor del campo Codigo")});
+    EXPECT_EQ(table_->Filter(), filtro);
+    EXPECT_EQ(table_->RecordCount(), 2);
     table_->Edit();
     EXPECT_FALSE(
         FiltrarPorValor(*table_, campo("Codigo"), FiltroValor::IgualA, sesion_->mensajes()))
@@ -82,6 +88,36 @@ TEST_P(ListChecks, ValueFiltersAddConditionsAndCancelClearsThem) {
     table_->Cancel();
     CancelarFiltros(*table_);
     EXPECT_EQ(table_->RecordCount(), 6);
+}
+
+TEST_P(ListChecks, ValueFiltersProposeTheCurrentValue) {
+    for (int i = 1; i <= 6; ++i)
+        incidencia(i, QStringLiteral("I%1").arg(i),
+                   i % 2 ? QStringLiteral("SI") : QStringLiteral("NO"));
+    table_->Refresh();
+    ASSERT_TRUE(table_->Locate(QStringLiteral("Codigo"), {4}));
+    // Nothing typed: the proposed value is accepted as it stands.
+    EXPECT_TRUE(
+        FiltrarPorValor(*table_, campo("Imputable"), FiltroValor::IgualA, sesion_->mensajes()));
+    EXPECT_EQ(table_->Filter(), QStringLiteral("(Imputable = 'NO')"));
+    EXPECT_EQ(table_->RecordCount(), 3);
+    table_->First();
+    table_->Next();
+    EXPECT_EQ(campo("Codigo").AsInteger(), 4);
+    EXPECT_TRUE(FiltrarPorValor(*table_, campo("Codigo"), FiltroValor::Desde, sesion_->mensajes()));
+    EXPECT_EQ(table_->Filter(), QStringLiteral("(Imputable = 'NO') AND (Codigo >= '4')"));
+    EXPECT_EQ(table_->RecordCount(), 2);
+
+    // A value that does not fit the field is told and the filter stays.
+    messages_.clear();
+    messages_.answer(QStringLiteral("cuatro"));
+    EXPECT_FALSE(
+        FiltrarPorValor(*table_, campo("Codigo"), FiltroValor::Hasta, sesion_->mensajes()));
+    EXPECT_EQ(messages_.texts(),
+              (QStringList{QStringLiteral("Introduzca el valor Hasta Codigo"),
+                           QStringLiteral("¡No ha sido posible filtrar registros!")}));
+    EXPECT_EQ(table_->Filter(), QStringLiteral("(Imputable = 'NO') AND (Codigo >= '4')"));
+    EXPECT_EQ(table_->RecordCount(), 2);
 }
 
 CO_ON_BOTH_BACKENDS(ListChecks);

@@ -1,17 +1,21 @@
 // The search window in the desktop program, offscreen: F2 on the supplier
 // column of the subcontract master opens "Buscar en la tabla PROVEEDR"; a code
 // typed and Enter searches, Enter in the grid accepts, and the code lands in
-// the record. Esc leaves the record as it was.
+// the record. Esc leaves the record as it was. An unlimited answer grows as
+// the grid scrolls; the grid's pop-up filters and Ctrl+L act on what it shows.
 #include "core/installation.h"
 #include "ui/desktop_session.h"
 #include "ui/form_view.h"
 #include "works/subcontracts_master.h"
 
 #include "desktop_fixture.h"
+#include "font_answer.h"
 #include <QCheckBox>
+#include <QComboBox>
 
 #include <QAction>
 #include <QApplication>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -19,6 +23,7 @@
 #include <QProcess>
 #include <QTableView>
 #include <QTimer>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace co::ui {
@@ -35,6 +40,7 @@ protected:
         DesktopTest::SetUp();
         session_ = std::make_unique<DesktopSession>(opciones(QStringLiteral("ADMIN")), &port_);
         ASSERT_TRUE(session_->Arrancar()) << port_.texts().join(u'\n').toStdString();
+        port_.clear();
         TModuloDatos &d = session_->aplicacion().datos();
         for (const char *fila : {"(41, 'Hierros Norte')", "(42, 'Gruas Sur')", "(43, 'Andamios')"})
             ASSERT_FALSE(
@@ -87,6 +93,21 @@ protected:
         });
         pulsar(grid, Qt::Key_F2);
         EXPECT_TRUE(visto);
+    }
+    // Types a code into DatoABuscar and presses Enter.
+    static void buscar(QDialog &d, const QString &codigo) {
+        auto *dato = d.findChild<QLineEdit *>(QStringLiteral("DatoABuscar"));
+        ASSERT_NE(dato, nullptr);
+        dato->setFocus();
+        dato->setText(codigo);
+        Q_EMIT dato->textEdited(dato->text());
+        pulsar(dato, Qt::Key_Return);
+    }
+    static QStringList codigos(QTableView &grid) {
+        QStringList out;
+        for (int r = 0; r < grid.model()->rowCount(); ++r)
+            out << grid.model()->index(r, 0).data().toString();
+        return out;
     }
     QString proveedor() {
         auto &form = static_cast<works::TfOBRASUBC &>(view_->form());
@@ -156,6 +177,98 @@ TEST_P(SearchWindow, MemoColumnsShowTheirTextOnOneLineWhenAsked) {
         for (int c = 0; c < grid->model()->columnCount(); ++c)
             fila << grid->model()->index(0, c).data().toString();
         EXPECT_TRUE(fila.contains(QStringLiteral("Llamar antes de las 8"))) << fila.join(u'|').toStdString();
+    });
+}
+
+TEST_P(SearchWindow, AnUnlimitedAnswerGrowsAsTheGridScrolls) {
+    QStringList filas;
+    for (int codigo = 101; codigo <= 347; ++codigo)
+        filas << QStringLiteral("(%1, 'Proveedor %1')").arg(codigo);
+    ASSERT_FALSE(session_->aplicacion()
+                     .datos()
+                     .EjecutarSQL(QStringLiteral("INSERT INTO PROVEEDR (Codigo, Nombre) VALUES ") +
+                                  filas.join(u','))
+                     .startsWith(QStringLiteral("Error.")));
+    QStringList esperados{QStringLiteral("41"), QStringLiteral("42"), QStringLiteral("43")};
+    for (int codigo = 101; codigo <= 347; ++codigo)
+        esperados << QString::number(codigo);
+    f2EnProveedor([&](QDialog &d) {
+        auto *limite = d.findChild<QComboBox *>(QStringLiteral("NumeroMaximoRegistros"));
+        auto *grid = d.findChild<QTableView *>(QStringLiteral("DBGrid1"));
+        ASSERT_TRUE(limite && grid);
+        limite->setCurrentText(QStringLiteral("Ilimitado"));
+        buscar(d, QStringLiteral("41"));
+        ASSERT_NE(grid->model(), nullptr);
+        const int primeras = grid->model()->rowCount();
+        EXPECT_LT(primeras, 250) << "not everything at once";
+        EXPECT_TRUE(grid->model()->canFetchMore({}));
+        QList<int> vistas{primeras};
+        for (int i = 0; i < 20 && grid->model()->canFetchMore({}); ++i) {
+            grid->scrollToBottom();
+            QCoreApplication::processEvents();
+            vistas << grid->model()->rowCount();
+        }
+        EXPECT_EQ(vistas.last(), 250);
+        EXPECT_TRUE(std::is_sorted(vistas.begin(), vistas.end()));
+        EXPECT_GT(vistas.size(), 2) << "it grew step by step";
+        EXPECT_EQ(codigos(*grid), esperados) << "in key order, none repeated or missed";
+        grid->setFocus();
+        grid->setCurrentIndex(grid->model()->index(240, 0));
+        pulsar(grid, Qt::Key_Return);
+        EXPECT_FALSE(d.isVisible());
+    });
+    EXPECT_EQ(proveedor(), esperados[240]);
+    EXPECT_TRUE(port_.texts().isEmpty()) << port_.texts().join(u'\n').toStdString();
+}
+
+TEST_P(SearchWindow, GridFiltersAskWithTheCurrentValueAndACancelKeepsTheRows) {
+    f2EnProveedor([&](QDialog &d) {
+        auto *grid = d.findChild<QTableView *>(QStringLiteral("DBGrid1"));
+        ASSERT_NE(grid, nullptr);
+        buscar(d, QStringLiteral("41"));
+        ASSERT_EQ(codigos(*grid), (QStringList{"41", "42", "43"}));
+        grid->setCurrentIndex(grid->model()->index(1, 0));
+        auto *igual = grid->findChild<QAction *>(QStringLiteral("FiltrarRegistrosporValorIguala"));
+        auto *desde = grid->findChild<QAction *>(QStringLiteral("FiltrarRegistrosporValorDesde"));
+        auto *cancelar = grid->findChild<QAction *>(QStringLiteral("CancelarFiltros1"));
+        ASSERT_TRUE(igual && desde && cancelar);
+        EXPECT_TRUE(grid->actions().contains(igual)) << "on the grid's pop-up menu";
+        port_.cancel();
+        igual->trigger();
+        EXPECT_EQ(codigos(*grid), (QStringList{"41", "42", "43"})) << "cancelled";
+        igual->trigger(); // the proposed value accepted
+        EXPECT_EQ(codigos(*grid), QStringList{"42"});
+        cancelar->trigger();
+        EXPECT_EQ(codigos(*grid), (QStringList{"41", "42", "43"}));
+        port_.answer(QStringLiteral("43"));
+        desde->trigger();
+        EXPECT_EQ(codigos(*grid), QStringList{"43"});
+    });
+    EXPECT_EQ(port_.texts(), (QStringList{QStringLiteral("Introduzca el valor del campo Codigo"),
+                                          QStringLiteral("Introduzca el valor del campo Codigo"),
+                                          QStringLiteral("Introduzca el valor Desde Codigo")}));
+}
+
+TEST_P(SearchWindow, CtrlLOnTheGridGivesItTheChosenFont) {
+    f2EnProveedor([&](QDialog &d) {
+        auto *grid = d.findChild<QTableView *>(QStringLiteral("DBGrid1"));
+        ASSERT_NE(grid, nullptr);
+        buscar(d, QStringLiteral("41"));
+        const QFont antes = grid->font();
+        const QColor tituloAntes = test::titulos(*grid);
+        test::RespuestaFuente respuesta(std::nullopt);
+        pulsar(grid, Qt::Key_L, Qt::ControlModifier);
+        ASSERT_EQ(respuesta.abiertas.size(), 1);
+        EXPECT_EQ(grid->font(), antes) << "cancelled";
+        EXPECT_EQ(test::titulos(*grid), tituloAntes);
+        respuesta.responder(test::fuenteElegida());
+        pulsar(grid, Qt::Key_L, Qt::ControlModifier);
+        test::esperarFuenteEnRejilla(*grid, test::fuenteElegida());
+        // Another search draws a new answer in the same font.
+        buscar(d, QStringLiteral("42"));
+        EXPECT_EQ(codigos(*grid), (QStringList{"42", "43"}));
+        test::esperarFuenteEnRejilla(*grid, test::fuenteElegida());
+        EXPECT_TRUE(d.isVisible());
     });
 }
 
