@@ -46,8 +46,12 @@ std::optional<QString> ScriptedMessages::ask(const QString &title, const QString
 std::optional<QString> ScriptedMessages::next(const QString &whenEmpty) {
     if (answers_.empty())
         return whenEmpty;
-    std::optional<QString> reply = answers_.front();
+    // Taken apart: gcc 12 at -O3 warns falsely on copying an optional QString.
+    const bool cancelled = !answers_.front().has_value();
+    const QString reply = answers_.front().value_or(QString());
     answers_.pop_front();
+    if (cancelled)
+        return std::nullopt;
     return reply;
 }
 
