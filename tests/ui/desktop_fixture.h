@@ -9,6 +9,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <memory>
 
 namespace co::ui::test {
 
@@ -22,7 +23,17 @@ protected:
                                     {QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()}),
                   0);
     }
-    void TearDown() override { co::test::dropInstallation(settings_); }
+    void TearDown() override {
+        session_.reset(); // the session goes before its installation
+        co::test::dropInstallation(settings_);
+    }
+    // Starts `session_`; the messages of the start-up are cleared. Call through
+    // ASSERT_NO_FATAL_FAILURE.
+    void arrancar(const OpcionesArranque &o) {
+        session_ = std::make_unique<DesktopSession>(o, &port_);
+        ASSERT_TRUE(session_->Arrancar()) << port_.texts().join(u'\n').toStdString();
+        port_.clear();
+    }
     OpcionesArranque opciones(const QString &usuario) {
         OpcionesArranque o;
         o.carpetaInstalacion = o.carpetaAplicacion = dir_.path();
@@ -33,6 +44,7 @@ protected:
     QTemporaryDir dir_;
     InstallationSettings settings_;
     ScriptedMessages port_;
+    std::unique_ptr<DesktopSession> session_;
 };
 
 } // namespace co::ui::test

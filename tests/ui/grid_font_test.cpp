@@ -17,9 +17,7 @@ class GridFont : public test::DesktopTest {
 protected:
     void SetUp() override {
         DesktopTest::SetUp();
-        session_ = std::make_unique<DesktopSession>(opciones(QStringLiteral("ADMIN")), &port_);
-        ASSERT_TRUE(session_->Arrancar()) << port_.texts().join(u'\n').toStdString();
-        port_.clear();
+        ASSERT_NO_FATAL_FAILURE(arrancar(opciones(QStringLiteral("ADMIN"))));
         session_->ventana()->show();
         session_->ventana()->accion(QStringLiteral("MaestrodeMaquinas1"))->trigger();
         QMdiSubWindow *w = session_->ventana()->mdi()->activeSubWindow();
@@ -28,11 +26,6 @@ protected:
         ASSERT_NE(view_, nullptr);
         ASSERT_TRUE(QTest::qWaitForWindowActive(session_->ventana()));
     }
-    void TearDown() override {
-        session_.reset();
-        DesktopTest::TearDown();
-    }
-    std::unique_ptr<DesktopSession> session_;
     FormView *view_ = nullptr;
 };
 

@@ -18,14 +18,9 @@ protected:
         DesktopTest::SetUp();
         if (HasFatalFailure())
             return;
-        session_ = std::make_unique<DesktopSession>(opciones(QStringLiteral("ADMIN")), &port_);
-        ASSERT_TRUE(session_->Arrancar());
+        ASSERT_NO_FATAL_FAILURE(arrancar(opciones(QStringLiteral("ADMIN"))));
         session_->ventana()->resize(1100, 560);
         session_->ventana()->show();
-    }
-    void TearDown() override {
-        session_.reset();
-        DesktopTest::TearDown();
     }
     void sql(const QString &s) {
         const QString r = session_->aplicacion().datos().EjecutarSQL(s);
@@ -45,7 +40,6 @@ protected:
             EXPECT_TRUE(session_->ventana()->grab().save(QDir(dir).filePath(nombre)));
         }
     }
-    std::unique_ptr<DesktopSession> session_;
 };
 
 TEST_P(MasterPictures, MachinesShowTheirRowsAndTheGroupsOfTheFirst) {

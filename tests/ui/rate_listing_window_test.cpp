@@ -6,7 +6,7 @@
 #include "ui/main_window.h"
 #include "ui/report_preview.h"
 
-#include "support/layer_fixture.h"
+#include "desktop_fixture.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -16,9 +16,7 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QProcess>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace co::ui {
@@ -37,21 +35,11 @@ void teclear(QLineEdit *edit, const QString &digitos) {
         tecla(Qt::Key_0 + d.digitValue(), QString(d));
 }
 
-class RateListingWindow : public ::testing::TestWithParam<Backend> {
+class RateListingWindow : public test::DesktopTest {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(dir_.isValid());
-        settings_ = test::freshInstallation(GetParam(), dir_.path());
-        ASSERT_TRUE(EscribirInstalacion(dir_.path(), settings_));
-        ASSERT_EQ(QProcess::execute(QStringLiteral(CO_CLI_PATH),
-                                    {QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()}),
-                  0);
-        OpcionesArranque o;
-        o.carpetaInstalacion = o.carpetaAplicacion = dir_.path();
-        o.carpetaDatos = QStringLiteral(CO_SOURCE_DIR "/data");
-        o.linea.ParametroUsuario = QStringLiteral("ADMIN");
-        session_ = std::make_unique<DesktopSession>(o, &port_);
-        ASSERT_TRUE(session_->Arrancar()) << port_.texts().join(u'\n').toStdString();
+        DesktopTest::SetUp();
+        ASSERT_NO_FATAL_FAILURE(arrancar(opciones(QStringLiteral("ADMIN"))));
         TModuloDatos &datos = session_->aplicacion().datos();
         for (const char *sql :
              {"INSERT INTO TARFMAQ (Codigo, Descripcion) VALUES ('7', 'Tarifa Siete')",
@@ -62,10 +50,6 @@ protected:
               "PrecioCosto, PrecioVenta) VALUES ('8', 'DIA', 'Día de pala', '', '1', '2')"})
             ASSERT_FALSE(datos.EjecutarSQL(QString::fromUtf8(sql)).startsWith(u"Error."));
     }
-    void TearDown() override {
-        session_.reset();
-        test::dropInstallation(settings_);
-    }
     // The work windows of the MDI area, by object name.
     QWidget *ventana(const QString &nombre) const {
         for (QMdiSubWindow *w : session_->ventana()->mdi()->subWindowList())
@@ -73,11 +57,6 @@ protected:
                 return w->widget();
         return nullptr;
     }
-
-    QTemporaryDir dir_;
-    InstallationSettings settings_;
-    ScriptedMessages port_;
-    std::unique_ptr<DesktopSession> session_;
 };
 
 TEST_P(RateListingWindow, TheMenuOpensTheFilterWindowAndListarOpensThePreview) {
@@ -134,7 +113,7 @@ TEST_P(RateListingWindow, ARefusedRangeShowsTheFormsMessageAndSalirCloses) {
 
 INSTANTIATE_TEST_SUITE_P(Backends, RateListingWindow,
                          ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
-                         test::backendName);
+                         co::test::backendName);
 
 } // namespace
 } // namespace co::ui

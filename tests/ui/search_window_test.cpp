@@ -38,9 +38,7 @@ class SearchWindow : public test::DesktopTest {
 protected:
     void SetUp() override {
         DesktopTest::SetUp();
-        session_ = std::make_unique<DesktopSession>(opciones(QStringLiteral("ADMIN")), &port_);
-        ASSERT_TRUE(session_->Arrancar()) << port_.texts().join(u'\n').toStdString();
-        port_.clear();
+        ASSERT_NO_FATAL_FAILURE(arrancar(opciones(QStringLiteral("ADMIN"))));
         TModuloDatos &d = session_->aplicacion().datos();
         for (const char *fila : {"(41, 'Hierros Norte')", "(42, 'Gruas Sur')", "(43, 'Andamios')"})
             ASSERT_FALSE(
@@ -52,10 +50,6 @@ protected:
         ASSERT_EQ(ventanas.size(), 1);
         view_ = dynamic_cast<FormView *>(ventanas.first()->widget());
         ASSERT_NE(view_, nullptr);
-    }
-    void TearDown() override {
-        session_.reset();
-        DesktopTest::TearDown();
     }
     // F2 on the supplier column, with `guion` run in the search window once it shows.
     void f2EnProveedor(const std::function<void(QDialog &)> &guion) {
@@ -114,7 +108,6 @@ protected:
         return form.Table1().FieldByName(QStringLiteral("CodigoProveedor")).AsString();
     }
 
-    std::unique_ptr<DesktopSession> session_;
     FormView *view_ = nullptr;
 };
 
