@@ -28,7 +28,8 @@ void DBGrid::DefaultColumns() {
     for (int i = 0; i < ds->FieldCount(); ++i) {
         const Field &f = ds->FieldByIndex(i);
         if (f.Visible)
-            Columns.append(GridColumn(f.FieldName(), f.DisplayLabel.isEmpty() ? f.FieldName() : f.DisplayLabel));
+            Columns.append(GridColumn(f.FieldName(),
+                                      f.DisplayLabel.isEmpty() ? f.FieldName() : f.DisplayLabel));
     }
 }
 
@@ -163,6 +164,21 @@ bool Form::Click(const QString &name) {
     if (RunEvent(*c, QStringLiteral("OnClick")))
         return true;
     return CallHandler(c->Name() + QStringLiteral("Click"), c);
+}
+
+namespace {
+QString claveBusqueda(const Dataset &dataset, const QString &campo) {
+    return (dataset.Name() + u'.' + campo).toLower();
+}
+} // namespace
+
+void Form::DeclararBusqueda(const Dataset &dataset, const QString &campo, BusquedaCampo busqueda) {
+    busquedas_.insert(claveBusqueda(dataset, campo), std::move(busqueda));
+}
+
+const BusquedaCampo *Form::BusquedaDeclarada(const Field &campo) const {
+    const auto it = busquedas_.constFind(claveBusqueda(campo.DataSet(), campo.FieldName()));
+    return it == busquedas_.cend() ? nullptr : &it.value();
 }
 
 FormularioTablas Form::Tablas() {

@@ -78,6 +78,17 @@ public:
     void DefaultColumns();
 };
 
+// The search behind a code field: F2 or a double click on the field, in a data
+// edit or a grid column, opens the search window on `tabla` and stores the
+// element `elemento` of the key chosen (a chapter's code is the second element,
+// after its works). `restriccion`, when set, gives the fixed restriction of
+// each search, read at the moment of the search.
+struct BusquedaCampo {
+    QString tabla;
+    int elemento = 0;
+    std::function<QString()> restriccion = {};
+};
+
 class Form {
 public:
     using Handler = std::function<void(Component *sender)>;
@@ -121,6 +132,12 @@ public:
     // Binds the datasets' events to the handlers named after them.
     void ConectarEventos();
 
+    // ---- searches of code fields
+    void DeclararBusqueda(const Dataset &dataset, const QString &campo, BusquedaCampo busqueda);
+    // The search declared for a field; nullptr when it has none.
+    const BusquedaCampo *BusquedaDeclarada(const Field &campo) const;
+    bool TieneBusquedas() const { return !busquedas_.isEmpty(); }
+
     // ---- focus and clicks
     Component *ActiveControl() const { return active_; }
     // Returns false (focus unchanged) when the control left aborted.
@@ -143,6 +160,7 @@ private:
     std::vector<std::unique_ptr<Component>> components_;
     QHash<QString, Handler> handlers_; // by lower-case name
     QHash<const Component *, QHash<QString, QString>> events_;
+    QHash<QString, BusquedaCampo> busquedas_; // by "<dataset>.<field>", lower case
     Component *active_ = nullptr;
     bool closed_ = false;
 };

@@ -7,6 +7,7 @@
 #include "core/access_history.h"
 
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <optional>
 
@@ -17,6 +18,10 @@ class Dataset;
 class DBGrid;
 class Table;
 
+// The key values of the record chosen in a search window, in primary key
+// order; nullopt when nothing was chosen.
+using ResultadoBusqueda = std::optional<QStringList>;
+
 struct VentanasFormulario {
     std::function<void(Dataset &)> VisorCampos;          // Ctrl+Z
     std::function<void(DBGrid &)> ConfigurarRejilla;     // Ctrl+G
@@ -24,8 +29,9 @@ struct VentanasFormulario {
     std::function<void(Component &)> BusquedaAsociacion; // F2 and double click on a plain edit
     // The pop-up calculator on a value; nullopt when cancelled.
     std::function<std::optional<double>(double)> Calculadora;
-    // The search window on a table; the chosen key, empty when cancelled.
-    std::function<QString(const QString &tabla)> BuscarEnTabla;
+    // The search window on a table, with a fixed restriction (may be empty).
+    std::function<ResultadoBusqueda(const QString &tabla, const QString &restriccion)>
+        BuscarEnTabla;
     // The search window on a table's own records; moves it to the chosen one.
     std::function<void(Table &)> BuscarRegistro;
     // The template form on a coded text of kind "Plantilla"; the text it made.

@@ -6,6 +6,7 @@
 #include "core/rights.h"
 #include "core/session.h"
 #include "core/sql_text.h"
+#include "forms/field_search.h"
 #include "forms/focus_moves.h"
 #include "forms/form.h"
 #include "forms/form_preparation.h"
@@ -66,7 +67,9 @@ bool ExpandirTextoCodificado(Form &form, RutinasFormulario &rutinas) {
     if (texto.isEmpty()) {
         if (!rutinas.Ventanas.BuscarEnTabla)
             return true;
-        codigo = rutinas.Ventanas.BuscarEnTabla(QStringLiteral("TEXTO")).section(u';', 0, 0);
+        const ResultadoBusqueda elegido =
+            rutinas.Ventanas.BuscarEnTabla(QStringLiteral("TEXTO"), {});
+        codigo = elegido ? elegido->value(0) : QString();
         if (codigo.isEmpty())
             return true;
         texto = primerValor(leer(QStringLiteral("Texto")));
@@ -98,15 +101,15 @@ bool BuscarF2(Form &form, RutinasFormulario &rutinas) {
         Field *f = grid->SelectedField();
         if (f && f->IsFloat())
             return calculadora(*f);
-        if (!form.RunEvent(*grid, QStringLiteral("OnDblClick")))
-            form.CallHandler(grid->Name() + QStringLiteral("DblClick"), grid);
+        DobleClic(form, rutinas, *grid);
         return true;
     }
     if (c && c->Kind() == ComponentKind::DBEdit) {
         Field *f = CampoEnfocado(form);
         if (f && f->IsFloat())
             return calculadora(*f);
-        form.CallHandler(QStringLiteral("BuscarDatosDBEdit"), c);
+        if (!form.CallHandler(QStringLiteral("BuscarDatosDBEdit"), c) && f)
+            BuscarDatosCampo(form, rutinas, *f);
         return true;
     }
     if (form.CallHandler(QStringLiteral("BuscarDatosDBEdit"), c))

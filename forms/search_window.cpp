@@ -9,6 +9,7 @@ namespace co::forms {
 
 namespace {
 const QString kDatosBusqueda = QStringLiteral("DatosBusqueda");
+const QString kIndicesBusqueda = QStringLiteral("IndicesBusqueda");
 const QStringList kModos = {QStringLiteral("BusquedaAproximada"), QStringLiteral("BusquedaParcial"),
                             QStringLiteral("BusquedaFonetica")};
 // Rows an unlimited search reads at a time, as the grid asks for them.
@@ -29,8 +30,8 @@ QString TextoClaveFila(const Dataset &filas, const QStringList &clave, bool solo
     return valores.join(QStringLiteral("\r\n"));
 }
 
-bool AbrirResultadosBusqueda(Query &filas, const QString &sql, DBGrid &grid, const QString &claseForm,
-                             const OpcionesBusqueda &o) {
+bool AbrirResultadosBusqueda(Query &filas, const QString &sql, DBGrid &grid,
+                             const QString &claseForm, const OpcionesBusqueda &o) {
     filas.SQL = sql;
     try {
         filas.Open();
@@ -181,7 +182,8 @@ void TfGENEBUSQ::rellenarListaCampos() {
     modoRellenando_ = true;
     const QString primaria = datos_.ClavePrimaria(estado_.tabla);
     QStringList items{primaria};
-    QHash<int, QString> indices;
+    QHash<int, QString> &indices = indicesLista_;
+    indices = {{0, primaria}};
     for (int n = 2; n < 100; ++n) {
         const QString campos =
             datos_.ClavePrimaria(estado_.tabla, QStringLiteral("Clave%1").arg(n));
@@ -316,6 +318,7 @@ void TfGENEBUSQ::Conforme() {
         return;
     }
     guardarOpciones();
+    guardarIndice();
     cerrar(texto);
 }
 
@@ -341,6 +344,20 @@ void TfGENEBUSQ::guardarOpciones() {
         return;
     GuardarValorUsuario(datos_, opciones_.usuario, kDatosBusqueda,
                         ConEntradaOpciones(almacenado, estado_.tabla, valor));
+}
+
+// The index of the field list chosen is offered first next time: 0 for the
+// primary key, n for `Clave<n>`, -1 for a list that is no index.
+void TfGENEBUSQ::guardarIndice() {
+    if (!opciones_.opcionesPorUsuario || opciones_.desactivarIndicesPorUsuario || general())
+        return;
+    const QString indice = QString::number(indicesLista_.key(lista_->Text, -1));
+    QString almacenado;
+    ValorUsuario(datos_, opciones_.usuario, kIndicesBusqueda, almacenado);
+    if (EntradaOpciones(almacenado, estado_.tabla) == indice)
+        return;
+    GuardarValorUsuario(datos_, opciones_.usuario, kIndicesBusqueda,
+                        ConEntradaOpciones(almacenado, estado_.tabla, indice));
 }
 
 void TfGENEBUSQ::filtrar(int tipo) {

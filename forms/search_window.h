@@ -63,8 +63,8 @@ QString TextoClaveFila(const Dataset &filas, const QStringList &clave, bool solo
 void PrepararColumnasBusqueda(DBGrid &grid, const QString &claseForm, const OpcionesBusqueda &o);
 // Runs a search statement into the rows shown by `grid` and prepares its columns;
 // a failing statement is silent (false) and leaves no rows.
-bool AbrirResultadosBusqueda(Query &filas, const QString &sql, DBGrid &grid, const QString &claseForm,
-                             const OpcionesBusqueda &o);
+bool AbrirResultadosBusqueda(Query &filas, const QString &sql, DBGrid &grid,
+                             const QString &claseForm, const OpcionesBusqueda &o);
 
 class TfGENEBUSQ : public Form {
 public:
@@ -122,6 +122,7 @@ private:
     QString columnasBusqueda();
     void quitarFiltros();
     void guardarOpciones();
+    void guardarIndice();
     void filtrar(int tipo);
     void cerrar(std::optional<QString> resultado);
     bool general() const;
@@ -131,6 +132,7 @@ private:
     EstadoBusqueda estado_;
     OpcionesBusqueda opciones_;
     QString columnasSinMemos_;
+    QHash<int, QString> indicesLista_; // index number -> its item of the field list
     QString ultimaSentencia_;
     std::optional<QString> resultado_;
     bool abierta_ = false;

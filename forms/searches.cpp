@@ -152,9 +152,8 @@ void Busquedas::BuscarPorAsociacion(Component &edit) {
 }
 
 void Busquedas::Conectar(VentanasFormulario &v) {
-    v.BuscarEnTabla = [this](const QString &tabla) {
-        const ResultadoBusqueda r = BuscarEnTabla(tabla);
-        return r ? r->join(u';') : QString();
+    v.BuscarEnTabla = [this](const QString &tabla, const QString &restriccion) {
+        return BuscarEnTablaFiltrada(tabla, 0, restriccion);
     };
     v.BuscarRegistro = [this](Table &tabla) { BuscarRegistro(tabla); };
     v.BusquedaAsociacion = [this](Component &edit) { BuscarPorAsociacion(edit); };

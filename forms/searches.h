@@ -21,8 +21,6 @@
 
 namespace co::forms {
 
-using ResultadoBusqueda = std::optional<QStringList>;
-
 class EjecutorBusqueda {
 public:
     virtual ~EjecutorBusqueda() = default;

@@ -44,11 +44,14 @@ bool DesktopSession::Arrancar() {
             registrarActividad(ventana, accion);
         });
     dialogs_.setParent(ventana_.get());
-    forms::Busquedas &busquedas = RegistrarPantallas(*ventana_, *aplicacion_, [this] {
+    SesionObra obra;
+    obra.modulo = [this] { return obra_.get(); };
+    obra.parametrosCambiados = [this] {
         if (obra_)
             obra_->RefrescarParametros();
         aplicarParametrosObra();
-    });
+    };
+    forms::Busquedas &busquedas = RegistrarPantallas(*ventana_, *aplicacion_, std::move(obra));
     RegistrarListados(*ventana_, *aplicacion_);
     if (Translator *traductor = aplicacion_->traductor())
         for (QAction *a : ventana_->findChildren<QAction *>())

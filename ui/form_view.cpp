@@ -1,5 +1,6 @@
 #include "ui/form_view.h"
 
+#include "forms/field_search.h"
 #include "forms/key_map.h"
 #include "ui/cell_delegate.h"
 #include "ui/dataset_model.h"
@@ -7,7 +8,6 @@
 #include "ui/key_routing.h"
 
 #include <QCheckBox>
-#include <algorithm>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QCoreApplication>
@@ -23,6 +23,7 @@
 #include <QTableView>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace co::ui {
 
@@ -204,8 +205,10 @@ void FormView::bindGrid(forms::DBGrid &grid, QTableView *view) {
         int width = c.Width;
         if (width == forms::GridColumn().Width && f && !f->IsNumeric() && f->Size > 8)
             width = std::min(f->Size * 7 + 12, 320);
-        const QString titulo = model->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
-        width = std::max(width, view->horizontalHeader()->fontMetrics().horizontalAdvance(titulo) + 16);
+        const QString titulo =
+            model->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
+        width =
+            std::max(width, view->horizontalHeader()->fontMetrics().horizontalAdvance(titulo) + 16);
         view->setColumnWidth(section, width);
     }
     view->setSelectionBehavior(QAbstractItemView::SelectItems);
@@ -302,6 +305,12 @@ bool FormView::eventFilter(QObject *watched, QEvent *event) {
             }) &&
             before && widgets_.value(before))
             widgets_.value(before)->setFocus();
+    } else if (event->type() == QEvent::MouseButtonDblClick) {
+        // The form's double click (a search, mostly) wins over the cell editor.
+        bool acted = false;
+        run([&] { acted = form_->SetFocus(c) && forms::DobleClic(*form_, rutinas_, *c); });
+        if (acted)
+            return true;
     } else if (event->type() == QEvent::KeyPress) {
         auto *k = static_cast<QKeyEvent *>(event);
         form_->SetFocus(c);

@@ -49,6 +49,7 @@ struct Contexto {
     TfOBRAMENU &ventana;
     Aplicacion &aplicacion;
     forms::Busquedas &busquedas;
+    SesionObra obra;
 };
 
 template <class Pantalla>
@@ -59,6 +60,8 @@ void registrar(const Contexto &c, const char *nombre,
             auto pantalla = std::make_unique<Pantalla>(c.aplicacion.datos());
             if (ajustar)
                 ajustar(*pantalla);
+            if (const works::TMDObra *obra = c.obra.modulo ? c.obra.modulo() : nullptr)
+                pantalla->UsarModuloObra(*obra);
             forms::RutinasFormulario &rutinas = pantalla->Rutinas();
             forms::PrepararForm(*pantalla, rutinas, opcionesPreparacion(c.aplicacion));
             TfOBRAMENU &ventana = c.ventana;
@@ -74,19 +77,17 @@ void registrar(const Contexto &c, const char *nombre,
 
 } // namespace
 
-forms::Busquedas &RegistrarPantallas(TfOBRAMENU &ventana, Aplicacion &aplicacion,
-                                     std::function<void()> parametrosObraCambiados) {
+forms::Busquedas &RegistrarPantallas(TfOBRAMENU &ventana, Aplicacion &aplicacion, SesionObra obra) {
     auto *escritorio = new BusquedasEscritorio(
         aplicacion.datos(), [&aplicacion] { return opcionesBusqueda(aplicacion); }, &ventana);
-    const Contexto c{ventana, aplicacion, escritorio->busquedas()};
+    const Contexto c{ventana, aplicacion, escritorio->busquedas(), obra};
     registrar<works::TfOBRAUNID>(c, "fOBRAUNID");
     registrar<works::TfOBRAMAQU>(c, "fOBRAMAQU");
     registrar<works::TfOBRASUBC>(c, "fOBRASUBC");
     registrar<works::TfOBRAINCI>(c, "fOBRAINCI");
     registrar<works::TfNOMICATE>(c, "fNOMICATE");
-    registrar<works::TfOBRAPARA>(c, "fOBRAPARA", [parametrosObraCambiados](works::TfOBRAPARA &p) {
-        p.AlCerrar = parametrosObraCambiados;
-    });
+    registrar<works::TfOBRAPARA>(
+        c, "fOBRAPARA", [obra](works::TfOBRAPARA &p) { p.AlCerrar = obra.parametrosCambiados; });
     return c.busquedas;
 }
 

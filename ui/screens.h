@@ -11,12 +11,22 @@
 namespace co::forms {
 class Busquedas;
 }
+namespace co::works {
+class TMDObra;
+}
 
 namespace co::ui {
 
-// `parametrosObraCambiados` runs when the works parameters screen closes. The
-// searches the screens share are returned; the main window owns them.
+// What the screens take from the company session: its works data module
+// (none before a company is chosen), and what runs when the works parameters
+// screen closes.
+struct SesionObra {
+    std::function<const works::TMDObra *()> modulo;
+    std::function<void()> parametrosCambiados;
+};
+
+// The searches the screens share are returned; the main window owns them.
 forms::Busquedas &RegistrarPantallas(TfOBRAMENU &ventana, Aplicacion &aplicacion,
-                                     std::function<void()> parametrosObraCambiados = {});
+                                     SesionObra obra = {});
 
 } // namespace co::ui

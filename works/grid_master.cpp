@@ -1,6 +1,7 @@
 #include "works/grid_master.h"
 
 #include "core/session.h"
+#include "forms/field_search.h"
 #include "forms/standard_handlers.h"
 
 namespace co::works {
@@ -39,30 +40,11 @@ MaestroRejilla::MaestroRejilla(TModuloDatos &datos, DeclaracionMaestro declaraci
         Field *f = grid1_->SelectedField();
         if (!f)
             return;
-        if (grid1_->SelectedIndex == columnaClave()) {
-            if (Rutinas().Ventanas.BuscarRegistro)
-                Rutinas().Ventanas.BuscarRegistro(Table1());
-        } else if (const QString tabla = TablaDeBusqueda(f->FieldName()); !tabla.isEmpty()) {
-            BuscarCodigo(Table1(), f->FieldName(), tabla);
-        }
+        if (grid1_->SelectedIndex != columnaClave())
+            BuscarDatosCampo(*this, Rutinas(), *f);
+        else if (Rutinas().Ventanas.BuscarRegistro)
+            Rutinas().Ventanas.BuscarRegistro(Table1());
     });
-}
-
-QString MaestroRejilla::TablaDeBusqueda(const QString &) const {
-    return {};
-}
-
-void MaestroRejilla::BuscarCodigo(Dataset &dataset, const QString &campo, const QString &tabla) {
-    if (!Rutinas().Ventanas.BuscarEnTabla)
-        return;
-    const QString codigo = Rutinas().Ventanas.BuscarEnTabla(tabla).section(u';', 0, 0);
-    if (codigo.isEmpty())
-        return;
-    if (dataset.IsEmpty() && !dataset.IsPending())
-        dataset.Append();
-    else if (!dataset.IsPending())
-        dataset.Edit();
-    dataset.FieldByName(campo).SetAsString(codigo);
 }
 
 int MaestroRejilla::columnaClave() const {
@@ -83,12 +65,9 @@ void MaestroRejilla::ComprobarListasAlGrabar() {
     ComprobarColumnasLista(*grid1_);
 }
 
-void MaestroRejilla::OcultarPreciosVenta() {
-    // A works parameter: with only percentages in use no sale price is kept.
-    const QString soloPorcentajes = Datos().EjecutarSQL(
-        QStringLiteral("SELECT AdmPorPorcentajes FROM PARAOBRA WHERE IdRegistro = 1"), {},
-        QStringLiteral("Silenciosa"));
-    if (soloPorcentajes != QStringLiteral("SI"))
+void MaestroRejilla::DespuesAbrir() {
+    // With only percentages in use no sale price is kept.
+    if (!ocultarPreciosVenta_ || !ModuloObra().ParametrosAdmPorPorcentajes())
         return;
     for (GridColumn &c : grid1_->Columns)
         if (c.FieldName.startsWith(QStringLiteral("PrecioVenta"), Qt::CaseInsensitive))

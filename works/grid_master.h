@@ -7,7 +7,9 @@
 // The family's own: new records are appended with the focus on the grid;
 // leaving a column checks its permitted values, and leaving the key column is
 // the key check (`DBGrid1ColExit`); the key column of a stored record cannot be
-// edited (`Table1BeforeEdit`); the post checks every column's list.
+// edited (`Table1BeforeEdit`); the post checks every column's list. A double
+// click (or F2) on the key column finds a record of the master, on a column
+// with a declared search (`DeclararBusqueda`) fills the code from its table.
 
 #include "works/record_master.h"
 
@@ -30,12 +32,10 @@ public:
 
 protected:
     void ComprobarListasAlGrabar() override;
-    // The table searched from a code column (double click or F2); none by default.
-    virtual QString TablaDeBusqueda(const QString &campo) const;
-    // Puts the first key value chosen in the search window on `tabla` into the field.
-    void BuscarCodigo(forms::Dataset &dataset, const QString &campo, const QString &tabla);
-    // Hides the sale price columns when only percentages are used.
-    void OcultarPreciosVenta();
+    // Makes the sale price columns hide at opening when the works settings use
+    // only percentages (`AdmPorPorcentajes`).
+    void OcultarPreciosVenta() { ocultarPreciosVenta_ = true; }
+    void DespuesAbrir() override;
 
 private:
     void comprobarClave(forms::Component *sender);
@@ -43,6 +43,7 @@ private:
 
     DeclaracionMaestro declaracion_;
     forms::DBGrid *grid1_ = nullptr;
+    bool ocultarPreciosVenta_ = false;
 };
 
 } // namespace co::works

@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "forms/dataset_errors.h"
+#include "forms/field_search.h"
 
 namespace co::works {
 
@@ -48,9 +49,12 @@ TfOBRAMAQU::TfOBRAMAQU(TModuloDatos &datos)
         table2_->FieldByName(QStringLiteral("ClaveTabla"))
             .SetAsString(Table1().FieldByName(QStringLiteral("Codigo")).AsString());
     });
+    // Groups belong to a machine: without one there is nothing to search for.
+    DeclararBusqueda(*table2_, QStringLiteral("GrupoAnalisis"), {QStringLiteral("GRANALIS")});
     SetHandler(QStringLiteral("DBGrid2DblClick"), [this](forms::Component *) {
         if (Table1().Active() && !Table1().IsEmpty())
-            BuscarCodigo(*table2_, QStringLiteral("GrupoAnalisis"), QStringLiteral("GRANALIS"));
+            forms::BuscarDatosCampo(*this, Rutinas(),
+                                    table2_->FieldByName(QStringLiteral("GrupoAnalisis")));
     });
     Preparar = [this] { apuntarGrupos(); };
     ConectarEventos();

@@ -121,6 +121,14 @@ bool MaestroTabla::Abrir(AperturaTablas &apertura) {
     return rutinas_.Ejecutar([this] { DespuesAbrir(); });
 }
 
+const TMDObra &MaestroTabla::ModuloObra() {
+    if (!obra_) {
+        obraPropia_ = std::make_unique<TMDObra>(datos_);
+        obra_ = obraPropia_.get();
+    }
+    return *obra_;
+}
+
 bool MaestroTabla::ValidacionWinControl(Component *) {
     return true;
 }

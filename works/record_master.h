@@ -16,9 +16,11 @@
 #include "forms/form.h"
 #include "forms/maintenance_routines.h"
 #include "forms/table.h"
+#include "works/works_data.h"
 
 #include <QList>
 #include <QString>
+#include <memory>
 
 namespace co::works {
 
@@ -59,6 +61,11 @@ public:
     // Message on a failed post of an edited record; screens may give their own.
     QString TextoModificacionFallida;
 
+    // The works settings come from the session's works data module; a screen
+    // given none reads them once through a module of its own.
+    void UsarModuloObra(const TMDObra &obra) { obra_ = &obra; }
+    const TMDObra &ModuloObra();
+
 protected:
     // Defaults of a new record (`Table1NewRecord`).
     virtual void ValoresIniciales() {}
@@ -97,6 +104,8 @@ private:
     forms::Table *table1_ = nullptr;
     forms::DataSource *source1_ = nullptr;
     QString campoNumero_;
+    const TMDObra *obra_ = nullptr;
+    std::unique_ptr<TMDObra> obraPropia_;
 };
 
 // The general parameter `campo` as text; empty when unreadable.

@@ -31,6 +31,7 @@ TfOBRASUBC::TfOBRASUBC(TModuloDatos &datos)
                        columna("FechaAlta", "Fecha Alta"), columna("TipoIVA", "Tipo IVA"),
                        columna("Observaciones", "Observaciones")}}) {
     Table1().AddCalculatedField(QStringLiteral("DescripcionProveedor"), TipoCampo::ftString, 40);
+    DeclararBusqueda(Table1(), kProveedor, {QStringLiteral("PROVEEDR")});
     OcultarPreciosVenta();
 }
 
@@ -52,10 +53,6 @@ bool TfOBRASUBC::ValidacionWinControl(forms::Component *sender) {
         return true;
     Mensajes().MensajeA(QStringLiteral("¡No existe el Proveedor!"));
     return false;
-}
-
-QString TfOBRASUBC::TablaDeBusqueda(const QString &campo) const {
-    return campo == kProveedor ? QStringLiteral("PROVEEDR") : QString();
 }
 
 void TfOBRASUBC::CalcularCampos() {

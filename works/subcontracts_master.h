@@ -15,7 +15,6 @@ protected:
     void ValoresIniciales() override;
     bool ValidacionWinControl(forms::Component *sender) override;
     void CalcularCampos() override;
-    QString TablaDeBusqueda(const QString &campo) const override;
 };
 
 } // namespace co::works

@@ -3,6 +3,7 @@
 // duplication, the keypad point, the record clipboard, the group copy, value
 // clearing, coded texts, the keys that run the form's own handlers, and keys
 // whose windows are not set.
+#include "forms/field_search.h"
 #include "forms/focus_moves.h"
 #include "screen_fixture.h"
 
@@ -156,6 +157,53 @@ TEST_P(KeyMap, KeypadPointBecomesCommaOrColonAsTheFieldAsks) {
     EXPECT_EQ(form.ActiveControl(), &importe);
 }
 
+// A chapter-like code: the second element of the key chosen, searched within
+// the record's works; F2 and a double click on the data edit both run it.
+TEST_P(KeyMap, DeclaredSearchFillsItsCodeFieldWithTheElementAsked) {
+    ok(QStringLiteral("INSERT INTO PRUOBRA (CodigoObra, Nombre) VALUES ('4', 'Puente')"));
+    Form form(QStringLiteral("fPRUOBRA"));
+    auto &t = form.Add<Table>(*datos_, QStringLiteral("Table1"), QStringLiteral("PRUOBRA"));
+    auto &ds = form.Add<DataSource>(QStringLiteral("DataSource1"), &t);
+    auto &nombre = form.Add<DataControl>(ComponentKind::DBEdit, QStringLiteral("EditNombre"), &ds,
+                                         QStringLiteral("Nombre"));
+    auto &importe = form.Add<DataControl>(ComponentKind::DBEdit, QStringLiteral("EditImporte"), &ds,
+                                          QStringLiteral("Importe"));
+    form.DeclararBusqueda(t, QStringLiteral("nombre"),
+                          {QStringLiteral("PRULINEA"), 1, [&t] {
+                               return QStringLiteral("CodigoObra = ") +
+                                      t.FieldByName(QStringLiteral("CodigoObra")).AsString();
+                           }});
+    t.Open();
+    QStringList pedidas;
+    ResultadoBusqueda respuesta = QStringList{QStringLiteral("4"), QStringLiteral("Tramo 2")};
+    rutinas_->Ventanas.BuscarEnTabla = [&](const QString &tabla, const QString &restriccion) {
+        pedidas << tabla + u'/' + restriccion;
+        return respuesta;
+    };
+    form.SetFocus(&nombre);
+    EXPECT_TRUE(pulsarEn(form, Qt::Key_F2));
+    EXPECT_EQ(pedidas, QStringList{QStringLiteral("PRULINEA/CodigoObra = 4")});
+    EXPECT_EQ(t.State(), DatasetState::Edit);
+    EXPECT_EQ(t.FieldByName(QStringLiteral("Nombre")).AsString(), QStringLiteral("Tramo 2"));
+
+    // Cancelled, or a key shorter than the element asked: the field keeps its value.
+    for (const ResultadoBusqueda &r :
+         {ResultadoBusqueda(), ResultadoBusqueda(QStringList{QStringLiteral("4")})}) {
+        respuesta = r;
+        EXPECT_TRUE(DobleClic(form, *rutinas_, nombre));
+        EXPECT_EQ(t.FieldByName(QStringLiteral("Nombre")).AsString(), QStringLiteral("Tramo 2"));
+    }
+    EXPECT_EQ(pedidas.size(), 3);
+    // A field with no search declared is no double click of the form's.
+    EXPECT_FALSE(DobleClic(form, *rutinas_, importe));
+    // The form's own handler wins over the declaration.
+    form.SetHandler(QStringLiteral("BuscarDatosDBEdit"),
+                    [&pedidas](Component *c) { pedidas << c->Name(); });
+    pulsarEn(form, Qt::Key_F2);
+    EXPECT_EQ(pedidas.last(), QStringLiteral("EditNombre"));
+    EXPECT_EQ(pedidas.size(), 4);
+}
+
 TEST_P(KeyMap, RecordClipboardPastesByPositionAndLeavesIndexFieldsAlone) {
     incidencia(5, QStringLiteral("Helada"), QStringLiteral("NO"));
     table_->Refresh();
@@ -255,9 +303,9 @@ TEST_P(KeyMap, CtrlTExpandsCodedTextsFromTheControlOrTheKeystrokeLog) {
     pulsar(Qt::Key_T, Qt::ControlModifier);
     EXPECT_EQ(edit.Text, QStringLiteral("NADA")) << "no search window: the text stays";
     QStringList buscado;
-    rutinas_->Ventanas.BuscarEnTabla = [&](const QString &tabla) {
+    rutinas_->Ventanas.BuscarEnTabla = [&](const QString &tabla, const QString &) {
         buscado << tabla;
-        return QStringLiteral("PLA;");
+        return ResultadoBusqueda(QStringList{QStringLiteral("PLA")});
     };
     rutinas_->Ventanas.Plantilla = [](const QString &codigo, const QString &texto) {
         return codigo + u':' + QString(texto).replace(QStringLiteral("<n>"), QStringLiteral("Ana"));

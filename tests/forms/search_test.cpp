@@ -200,6 +200,9 @@ TEST_P(Search, OptionsAreKeptPerUserAndOfferedAgain) {
     QString almacenado;
     ValorUsuario(*datos_, QStringLiteral("ANA"), QStringLiteral("DatosBusqueda"), almacenado);
     EXPECT_EQ(almacenado, QStringLiteral("PRUCLI:Nombre(P)(O)"));
+    // A field list that is no index keeps no index.
+    ValorUsuario(*datos_, QStringLiteral("ANA"), QStringLiteral("IndicesBusqueda"), almacenado);
+    EXPECT_EQ(almacenado, QStringLiteral("PRUCLI:-1"));
     guion_.busq = [&](TfGENEBUSQ &v) {
         EXPECT_EQ(v.ListaCamposBusqueda().Text, QStringLiteral("Nombre"));
         EXPECT_EQ(v.Modo(), ModoBusqueda::Parcial);
@@ -212,9 +215,19 @@ TEST_P(Search, OptionsAreKeptPerUserAndOfferedAgain) {
                         QStringLiteral("PRUCLI:2"));
     guion_.busq = [&](TfGENEBUSQ &v) {
         EXPECT_EQ(v.ListaCamposBusqueda().Text, QStringLiteral("Nombre;Codigo"));
+        // The primary key chosen now is the index kept from here on.
+        v.ProcesarTecla(tecla(Qt::Key_1, Qt::ControlModifier));
+        v.Buscar();
+        v.Conforme();
     };
-    busquedas_->BuscarEnTabla(QStringLiteral("PRUCLI"));
-    EXPECT_EQ(guion_.veces, 3);
+    busquedas_->BuscarEnTabla(QStringLiteral("PRUCLI"), 2);
+    ValorUsuario(*datos_, QStringLiteral("ANA"), QStringLiteral("IndicesBusqueda"), almacenado);
+    EXPECT_EQ(almacenado, QStringLiteral("PRUCLI:0"));
+    guion_.busq = [&](TfGENEBUSQ &v) {
+        EXPECT_EQ(v.ListaCamposBusqueda().Text, QStringLiteral("Codigo"));
+    };
+    busquedas_->BuscarEnTabla(QStringLiteral("PRUCLI"), 2);
+    EXPECT_EQ(guion_.veces, 4);
 }
 
 TEST_P(Search, KeysOfTheWindow) {

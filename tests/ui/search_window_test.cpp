@@ -1,8 +1,9 @@
 // The search window in the desktop program, offscreen: F2 on the supplier
 // column of the subcontract master opens "Buscar en la tabla PROVEEDR"; a code
 // typed and Enter searches, Enter in the grid accepts, and the code lands in
-// the record. Esc leaves the record as it was. An unlimited answer grows as
-// the grid scrolls; the grid's pop-up filters and Ctrl+L act on what it shows.
+// the record; a double click does the same. Esc leaves the record as it was.
+// An unlimited answer grows as the grid scrolls; the grid's pop-up filters and
+// Ctrl+L act on what it shows.
 #include "core/installation.h"
 #include "ui/desktop_session.h"
 #include "ui/form_view.h"
@@ -22,6 +23,7 @@
 #include <QMdiSubWindow>
 #include <QProcess>
 #include <QTableView>
+#include <QTest>
 #include <QTimer>
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -51,8 +53,9 @@ protected:
         view_ = dynamic_cast<FormView *>(ventanas.first()->widget());
         ASSERT_NE(view_, nullptr);
     }
-    // F2 on the supplier column, with `guion` run in the search window once it shows.
-    void f2EnProveedor(const std::function<void(QDialog &)> &guion) {
+    // F2 (or a double click) on the supplier column, with `guion` run in the
+    // search window once it shows.
+    void f2EnProveedor(const std::function<void(QDialog &)> &guion, bool dobleClic = false) {
         auto &form = static_cast<works::TfOBRASUBC &>(view_->form());
         QTableView *grid = view_->grid(QStringLiteral("DBGrid1"));
         ASSERT_NE(grid, nullptr);
@@ -85,7 +88,13 @@ protected:
             if (d->isVisible())
                 d->reject();
         });
-        pulsar(grid, Qt::Key_F2);
+        if (dobleClic) {
+            const QRect celda = grid->visualRect(grid->currentIndex());
+            QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, celda.center());
+            EXPECT_EQ(grid->indexWidget(grid->currentIndex()), nullptr) << "no cell editor";
+        } else {
+            pulsar(grid, Qt::Key_F2);
+        }
         EXPECT_TRUE(visto);
     }
     // Types a code into DatoABuscar and presses Enter.
@@ -134,17 +143,29 @@ TEST_P(SearchWindow, F2SearchesSuppliersAndEnterPutsTheCodeInTheRecord) {
         EXPECT_FALSE(d.isVisible());
     });
     EXPECT_EQ(proveedor(), QStringLiteral("42"));
+
+    // A double click on the column opens the same search.
+    f2EnProveedor(
+        [](QDialog &d) {
+            buscar(d, QStringLiteral("43"));
+            pulsar(d.findChild<QTableView *>(QStringLiteral("DBGrid1")), Qt::Key_Return);
+            EXPECT_FALSE(d.isVisible());
+        },
+        true);
+    EXPECT_EQ(proveedor(), QStringLiteral("43"));
 }
 
 TEST_P(SearchWindow, MemoColumnsShowTheirTextOnOneLineWhenAsked) {
-    ASSERT_FALSE(session_->aplicacion()
-                     .datos()
-                     .EjecutarSQL(QStringLiteral("UPDATE PROVEEDR SET Instrucciones = "
-                                                 "'Llamar antes' || CHAR(10) || 'de las 8' WHERE Codigo = 43")
-                                      .replace(QStringLiteral("CHAR(10)"), GetParam() == Backend::SQLite
-                                                                                ? QStringLiteral("CHAR(10)")
-                                                                                : QStringLiteral("CHR(10)")))
-                     .startsWith(QStringLiteral("Error.")));
+    ASSERT_FALSE(
+        session_->aplicacion()
+            .datos()
+            .EjecutarSQL(
+                QStringLiteral("UPDATE PROVEEDR SET Instrucciones = "
+                               "'Llamar antes' || CHAR(10) || 'de las 8' WHERE Codigo = 43")
+                    .replace(QStringLiteral("CHAR(10)"), GetParam() == Backend::SQLite
+                                                             ? QStringLiteral("CHAR(10)")
+                                                             : QStringLiteral("CHR(10)")))
+            .startsWith(QStringLiteral("Error.")));
     // The option takes effect on the next search window, once a record was chosen with it.
     f2EnProveedor([](QDialog &d) {
         auto *dato = d.findChild<QLineEdit *>(QStringLiteral("DatoABuscar"));
@@ -169,7 +190,8 @@ TEST_P(SearchWindow, MemoColumnsShowTheirTextOnOneLineWhenAsked) {
         QStringList fila;
         for (int c = 0; c < grid->model()->columnCount(); ++c)
             fila << grid->model()->index(0, c).data().toString();
-        EXPECT_TRUE(fila.contains(QStringLiteral("Llamar antes de las 8"))) << fila.join(u'|').toStdString();
+        EXPECT_TRUE(fila.contains(QStringLiteral("Llamar antes de las 8")))
+            << fila.join(u'|').toStdString();
     });
 }
 

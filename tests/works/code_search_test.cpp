@@ -2,10 +2,10 @@
 // search on the right table and puts the chosen code in the record; on the key
 // column it finds a record of the master itself.
 #include "forms/key_map.h"
-#include "works_fixture.h"
 #include "support/screen_test.h"
 #include "works/machines_master.h"
 #include "works/subcontracts_master.h"
+#include "works_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -17,10 +17,10 @@ using co::test::ScreenTest;
 class CodeSearch : public WorksScreenTest {
 protected:
     // The search hooks answer `codigo` and note the tables asked for.
-    void ganchos(forms::RutinasFormulario &r, const QString &codigo) {
-        r.Ventanas.BuscarEnTabla = [this, codigo](const QString &tabla) {
+    void ganchos(forms::RutinasFormulario &r, const forms::ResultadoBusqueda &elegido) {
+        r.Ventanas.BuscarEnTabla = [this, elegido](const QString &tabla, const QString &) {
             pedidas_ << tabla;
-            return codigo;
+            return elegido;
         };
         r.Ventanas.BuscarRegistro = [this](forms::Table &t) {
             pedidas_ << QStringLiteral("registro ") + t.TableName();
@@ -33,7 +33,7 @@ TEST_P(CodeSearch, SupplierColumnSearchesSuppliersAndKeyColumnTheMaster) {
     ok(QStringLiteral("INSERT INTO PROVEEDR (Codigo, Nombre) VALUES (7, 'Siete')"));
     ScreenTest<TfOBRASUBC> s(*datos_);
     ASSERT_TRUE(s.open());
-    ganchos(s.form().Rutinas(), QStringLiteral("7;X"));
+    ganchos(s.form().Rutinas(), QStringList{QStringLiteral("7"), QStringLiteral("X")});
     ASSERT_TRUE(s.click(QStringLiteral("Agregar")));
     ASSERT_TRUE(s.type(QStringLiteral("Codigo"), QStringLiteral("S1")));
     ASSERT_TRUE(s.column(QStringLiteral("CodigoProveedor")));
@@ -45,7 +45,7 @@ TEST_P(CodeSearch, SupplierColumnSearchesSuppliersAndKeyColumnTheMaster) {
     s.form().CallHandler(QStringLiteral("DBGrid1DblClick"));
     EXPECT_EQ(pedidas_, QStringList{QStringLiteral("PROVEEDR")});
     // Cancelled: the field keeps its value.
-    ganchos(s.form().Rutinas(), {});
+    ganchos(s.form().Rutinas(), std::nullopt);
     ASSERT_TRUE(s.column(QStringLiteral("CodigoProveedor")));
     s.form().CallHandler(QStringLiteral("DBGrid1DblClick"));
     EXPECT_EQ(s.form().Table1().FieldByName(QStringLiteral("CodigoProveedor")).AsString(),
@@ -60,7 +60,7 @@ TEST_P(CodeSearch, AnalysisGroupColumnSearchesTheGroups) {
     ok(QStringLiteral("INSERT INTO MAQUINOB (Codigo, Descripcion) VALUES ('M1', 'Grua')"));
     ScreenTest<TfOBRAMAQU> s(*datos_);
     ASSERT_TRUE(s.open());
-    ganchos(s.form().Rutinas(), QStringLiteral("GA3"));
+    ganchos(s.form().Rutinas(), QStringList{QStringLiteral("GA3")});
     auto *grid2 = s.form().Find<forms::DBGrid>(QStringLiteral("DBGrid2"));
     ASSERT_NE(grid2, nullptr);
     ASSERT_TRUE(s.form().SetFocus(grid2));

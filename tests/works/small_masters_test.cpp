@@ -11,6 +11,7 @@
 
 #include <QDate>
 #include <gtest/gtest.h>
+#include <type_traits>
 
 namespace co::works {
 namespace {
@@ -163,20 +164,29 @@ TEST_P(SmallMasters, SubcontractsOpenTodayAndNeedAnExistingSupplier) {
 }
 
 TEST_P(SmallMasters, SalePricesHideWhenOnlyPercentagesAreUsed) {
-    auto visibles = [](const forms::DBGrid &g) {
+    // The sale price columns left visible once the screen is open.
+    auto visibles = [this]<class Pantalla>(std::type_identity<Pantalla>, const TMDObra *obra) {
+        ScreenTest<Pantalla> s(*datos_);
+        if (obra)
+            s.form().UsarModuloObra(*obra);
+        EXPECT_TRUE(s.open());
         QStringList out;
-        for (const auto &c : g.Columns)
+        for (const auto &c : s.form().DBGrid1().Columns)
             if (c.Visible && c.FieldName.startsWith(QStringLiteral("PrecioVenta")))
                 out << c.FieldName;
         return out;
     };
-    // The works parameters' row, absent at first: prices stay.
-    EXPECT_EQ(visibles(TfOBRAMAQU(*datos_).DBGrid1()).size(), 4);
+    // Without a row the settings' default holds: percentages only.
+    EXPECT_TRUE(visibles(std::type_identity<TfOBRAMAQU>(), nullptr).isEmpty());
     ok(QStringLiteral("INSERT INTO PARAOBRA (IdRegistro, AdmPorPorcentajes) VALUES ('1', 'NO')"));
-    EXPECT_EQ(visibles(TfOBRAMAQU(*datos_).DBGrid1()).size(), 4);
+    EXPECT_EQ(visibles(std::type_identity<TfOBRAMAQU>(), nullptr).size(), 4);
+    // The session's module is asked, not the table: it holds what it read.
+    TMDObra obra(*datos_);
     ok(QStringLiteral("UPDATE PARAOBRA SET AdmPorPorcentajes = 'SI' WHERE IdRegistro = 1"));
-    EXPECT_TRUE(visibles(TfOBRAMAQU(*datos_).DBGrid1()).isEmpty());
-    EXPECT_TRUE(visibles(TfOBRASUBC(*datos_).DBGrid1()).isEmpty());
+    EXPECT_EQ(visibles(std::type_identity<TfOBRASUBC>(), &obra).size(), 4);
+    obra.RefrescarParametros();
+    EXPECT_TRUE(visibles(std::type_identity<TfOBRAMAQU>(), &obra).isEmpty());
+    EXPECT_TRUE(visibles(std::type_identity<TfOBRASUBC>(), &obra).isEmpty());
 }
 
 TEST_P(SmallMasters, MachineGroupsFollowTheMachineAndPostWithIt) {
