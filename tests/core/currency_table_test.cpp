@@ -1,7 +1,6 @@
 // The session's currency values read from the company's tables, both back-ends.
 #include "core/currency_table.h"
 #include "core/general_parameters_table.h"
-#include "core/table_creation.h"
 
 #include "support/layer_fixture.h"
 
@@ -10,17 +9,7 @@
 namespace co {
 namespace {
 
-using test::LayerTest;
-
-class CurrencyTable : public LayerTest {
-protected:
-    void SetUp() override {
-        LayerTest::SetUp();
-        creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
-        datos_->setTableCreator(creador_.get());
-    }
-    std::unique_ptr<CreadorTablas> creador_;
-};
+class CurrencyTable : public test::TablesOnDemandTest {};
 
 TEST_P(CurrencyTable, NewCompanyShowsFiguresUnconverted) {
     const CurrencyValues v = LeerValoresMoneda(*datos_);
@@ -31,12 +20,15 @@ TEST_P(CurrencyTable, NewCompanyShowsFiguresUnconverted) {
 }
 
 TEST_P(CurrencyTable, EuroBaseWithPesetasConverts) {
-    ok(QStringLiteral("INSERT INTO MONEDA (Codigo, Descripcion, Abreviatura, Cambio, Decimales) VALUES "
-                      "('1', 'Euro', 'EUR', '1', '2')"));
-    ok(QStringLiteral("INSERT INTO MONEDA (Codigo, Descripcion, Abreviatura, Cambio, Decimales) VALUES "
-                      "('2', 'Peseta', 'Pts', '166.386', '0')"));
+    ok(QStringLiteral(
+        "INSERT INTO MONEDA (Codigo, Descripcion, Abreviatura, Cambio, Decimales) VALUES "
+        "('1', 'Euro', 'EUR', '1', '2')"));
+    ok(QStringLiteral(
+        "INSERT INTO MONEDA (Codigo, Descripcion, Abreviatura, Cambio, Decimales) VALUES "
+        "('2', 'Peseta', 'Pts', '166.386', '0')"));
     ASSERT_TRUE(CrearParametrosGenerales(*datos_));
-    ok(QStringLiteral("UPDATE PARAGENE SET CodigoMonedaBase = '1', CodigoMonedaEuro = '1', CodigoMonedaNacional = '2'"));
+    ok(QStringLiteral("UPDATE PARAGENE SET CodigoMonedaBase = '1', CodigoMonedaEuro = '1', "
+                      "CodigoMonedaNacional = '2'"));
     const CurrencyValues v = LeerValoresMoneda(*datos_);
     EXPECT_TRUE(v.MonedaBaseEsEuro);
     EXPECT_EQ(v.DecimalesMoneda, 2);

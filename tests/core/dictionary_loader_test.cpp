@@ -1,7 +1,6 @@
 // Loading a dictionary file into IDIOMA and TXIDIOMA on both back-ends: the
 // shipped English dictionary, idempotent reloads, and files refused whole.
 #include "core/dictionary_loader.h"
-#include "core/table_creation.h"
 #include "core/translation.h"
 
 #include "support/layer_fixture.h"
@@ -12,20 +11,12 @@
 namespace co {
 namespace {
 
-using test::LayerTest;
-
 const QString kIngles = QStringLiteral("Ingles");
 const QString kGeneral = QStringLiteral("DatabaseGeneral");
 const QString kShipped = QStringLiteral(CO_SOURCE_DIR "/data/IDIOMA_Ingles.txt");
 
-class DictionaryLoader : public LayerTest {
+class DictionaryLoader : public test::TablesOnDemandTest {
 protected:
-    void SetUp() override {
-        LayerTest::SetUp();
-        creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
-        datos_->setTableCreator(creador_.get());
-    }
-
     QString write(const QByteArray &content) {
         const QString path = dir_.filePath(QStringLiteral("diccionario%1.txt").arg(++files_));
         QFile f(path);
@@ -33,14 +24,12 @@ protected:
         f.write(content);
         return path;
     }
-    QString rows(const QString &sql) { return ok(sql, kGeneral); }
     int pairsIn(const QString &idioma) {
-        return rows(QStringLiteral("SELECT COUNT(*) FROM TXIDIOMA WHERE Idioma = %1")
-                        .arg(Entrecomillar(idioma)))
+        return general(QStringLiteral("SELECT COUNT(*) FROM TXIDIOMA WHERE Idioma = %1")
+                           .arg(Entrecomillar(idioma)))
             .toInt();
     }
 
-    std::unique_ptr<CreadorTablas> creador_;
     int files_ = 0;
 };
 
@@ -60,7 +49,7 @@ TEST_P(DictionaryLoader, ShippedEnglishDictionaryLoadsOnceAndTranslates) {
     ASSERT_TRUE(CargarDiccionario(*datos_, kIngles, kShipped, &motivo)) << motivo.toStdString();
     EXPECT_GT(shippedPairs(), 100);
     EXPECT_EQ(pairsIn(kIngles), shippedPairs());
-    EXPECT_EQ(rows(QStringLiteral("SELECT Codigo FROM IDIOMA")), kIngles);
+    EXPECT_EQ(general(QStringLiteral("SELECT Codigo FROM IDIOMA")), kIngles);
 
     Translator t(*datos_, kIngles);
     for (const char *titulo : {"Información", "Advertencia", "Error", "Confirmar", "Pregunta"})
@@ -87,12 +76,12 @@ TEST_P(DictionaryLoader, ReloadTakesTheNewTranslationsAndKeepsOtherTexts) {
         CargarDiccionario(*datos_, kIngles, write("# otra vez\r\n\r\nHola\tHi\r\n"), &motivo))
         << motivo.toStdString();
     EXPECT_EQ(pairsIn(kIngles), 2);
-    EXPECT_EQ(rows(QStringLiteral(
+    EXPECT_EQ(general(QStringLiteral(
                   "SELECT Texto FROM TXIDIOMA WHERE Idioma = 'Ingles' ORDER BY ClaveTexto")),
               QStringLiteral("Hi\r\nThe works"));
-    EXPECT_EQ(rows(QStringLiteral("SELECT Texto FROM TXIDIOMA WHERE Idioma = 'Frances'")),
+    EXPECT_EQ(general(QStringLiteral("SELECT Texto FROM TXIDIOMA WHERE Idioma = 'Frances'")),
               QStringLiteral("Bonjour"));
-    EXPECT_EQ(rows(QStringLiteral("SELECT Codigo FROM IDIOMA ORDER BY Codigo")),
+    EXPECT_EQ(general(QStringLiteral("SELECT Codigo FROM IDIOMA ORDER BY Codigo")),
               QStringLiteral("Frances\r\nIngles"));
 }
 
@@ -133,9 +122,9 @@ TEST_P(DictionaryLoader, BadFilesAreRefusedWholeWithTheLineNamed) {
     EXPECT_FALSE(CargarDiccionario(*datos_, QString(21, u'x'), write("Hola\tHello\n"), &motivo));
 
     // Nothing of the refused files reached the tables.
-    EXPECT_EQ(rows(QStringLiteral("SELECT ClaveTexto, Texto FROM TXIDIOMA")),
+    EXPECT_EQ(general(QStringLiteral("SELECT ClaveTexto, Texto FROM TXIDIOMA")),
               QStringLiteral("Hola|Hello"));
-    EXPECT_EQ(rows(QStringLiteral("SELECT Codigo FROM IDIOMA")), kIngles);
+    EXPECT_EQ(general(QStringLiteral("SELECT Codigo FROM IDIOMA")), kIngles);
     EXPECT_TRUE(messages_.shown().isEmpty());
 }
 

@@ -10,6 +10,8 @@
 namespace co {
 namespace {
 
+using test::kAna;
+
 const QString kVerLista = QStringLiteral("¿Desea ver la Lista de Controles No Visibles?");
 const QString kPideUsuarios =
     QStringLiteral("Introduzca los Códigos de Usuario (separados por coma) a los que desea asignar "
@@ -21,7 +23,7 @@ protected:
         UserTest::SetUp();
         if (HasFatalFailure())
             return;
-        addUser(QStringLiteral("ana"), QStringLiteral("Normal"), {},
+        addUser(kAna, QStringLiteral("Normal"), {},
                 QStringLiteral("ControlesNoVisibles=TfOBRAOBRA.pbBorrar,TfOBRAOBRA.TabSheet2·"
                                "TfOBRAOBRA.DBGrid1.Table2.Importe"));
     }
@@ -34,8 +36,7 @@ protected:
 };
 
 TEST_P(HiddenControls, ListedControlsAndColumnsAreHidden) {
-    const ControlesNoVisibles c =
-        ControlesNoVisibles::Leer(*datos_, QStringLiteral("ana"), false, true);
+    const ControlesNoVisibles c = ControlesNoVisibles::Leer(*datos_, kAna, false, true);
     EXPECT_TRUE(c.ControlOculto(QStringLiteral("TfOBRAOBRA"), QStringLiteral("pbBorrar")));
     EXPECT_TRUE(c.ControlOculto(QStringLiteral("TfOBRAOBRA"), QStringLiteral("TabSheet2")));
     EXPECT_FALSE(c.ControlOculto(QStringLiteral("TfOBRAOBRA"), QStringLiteral("pbConforme")));
@@ -50,20 +51,16 @@ TEST_P(HiddenControls, ListedControlsAndColumnsAreHidden) {
 }
 
 TEST_P(HiddenControls, OnlyOutsideAdministratorModeAndWithTheModeOn) {
-    EXPECT_TRUE(
-        ControlesNoVisibles::Leer(*datos_, QStringLiteral("ana"), true, true).lista().isEmpty());
-    EXPECT_TRUE(
-        ControlesNoVisibles::Leer(*datos_, QStringLiteral("ana"), false, false).lista().isEmpty());
-    EXPECT_TRUE(
-        ControlesNoVisibles::Leer(*datos_, QStringLiteral("ana"), true, false).lista().isEmpty());
-    EXPECT_EQ(ControlesNoVisibles::Leer(*datos_, QStringLiteral("ana"), false, true).lista().size(),
-              3);
+    EXPECT_TRUE(ControlesNoVisibles::Leer(*datos_, kAna, true, true).lista().isEmpty());
+    EXPECT_TRUE(ControlesNoVisibles::Leer(*datos_, kAna, false, false).lista().isEmpty());
+    EXPECT_TRUE(ControlesNoVisibles::Leer(*datos_, kAna, true, false).lista().isEmpty());
+    EXPECT_EQ(ControlesNoVisibles::Leer(*datos_, kAna, false, true).lista().size(), 3);
     EXPECT_TRUE(
         ControlesNoVisibles::Leer(*datos_, QStringLiteral("nadie"), false, true).lista().isEmpty());
 }
 
 TEST_P(HiddenControls, ProfileListApplies) {
-    addUser(QStringLiteral("bob"), QStringLiteral("ana"));
+    addUser(QStringLiteral("bob"), kAna);
     const ControlesNoVisibles c =
         ControlesNoVisibles::Leer(*datos_, QStringLiteral("bob"), false, true);
     EXPECT_TRUE(c.ControlOculto(QStringLiteral("TfOBRAOBRA"), QStringLiteral("pbBorrar")));
@@ -111,11 +108,10 @@ TEST_P(HiddenControls, ClosingDialogueShowsTheListAndAppendsItToTheNamedUsers) {
     EXPECT_EQ(messages_.texts().at(2),
               QStringLiteral("¡Imposible grabar la configuración del usuario!. Motivo: ¡El usuario "
                              "no está definido!"));
-    EXPECT_EQ(
-        controls(QStringLiteral("ana")),
-        QStringList({QStringLiteral("TfOBRAOBRA.pbBorrar"), QStringLiteral("TfOBRAOBRA.TabSheet2"),
-                     QStringLiteral("TfOBRAOBRA.DBGrid1.Table2.Importe"),
-                     QStringLiteral("TfFACTCLIE.EditRiesgo")}));
+    EXPECT_EQ(controls(kAna), QStringList({QStringLiteral("TfOBRAOBRA.pbBorrar"),
+                                           QStringLiteral("TfOBRAOBRA.TabSheet2"),
+                                           QStringLiteral("TfOBRAOBRA.DBGrid1.Table2.Importe"),
+                                           QStringLiteral("TfFACTCLIE.EditRiesgo")}));
     EXPECT_EQ(controls(QStringLiteral("bob")), lista.lista());
     // The list is kept in the block with "·" between names.
     EXPECT_EQ(user(QStringLiteral("bob")).Configuracion,
@@ -132,7 +128,7 @@ TEST_P(HiddenControls, AnswerNoShowsNothingAndNoCodesSaveNothing) {
               0);
     EXPECT_FALSE(viewed);
     EXPECT_EQ(messages_.texts(), QStringList({kVerLista, kPideUsuarios}));
-    EXPECT_EQ(controls(QStringLiteral("ana")).size(), 3);
+    EXPECT_EQ(controls(kAna).size(), 3);
 }
 
 CO_ON_BOTH_BACKENDS(HiddenControls);

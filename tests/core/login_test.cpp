@@ -12,6 +12,8 @@
 namespace co {
 namespace {
 
+using test::kAna;
+
 const QString kPideCodigo = QStringLiteral("Introduzca el Código de Usuario:");
 const QString kPideClave = QStringLiteral("Introduzca la Clave de Acceso:");
 const QString kNoDefinido = QStringLiteral("¡El usuario no está definido!");
@@ -68,12 +70,12 @@ TEST_P(Login, AcceptedUserBecomesTheSessionUserWithTheStoredSpelling) {
 }
 
 TEST_P(Login, ExactSpellingWinsOverAnotherCase) {
-    addUser(QStringLiteral("ana"));
+    addUser(kAna);
     addUser(QStringLiteral("ANA"));
     EXPECT_TRUE(login(QStringLiteral("ANA")));
     EXPECT_EQ(accepted_, QStringLiteral("ANA"));
-    EXPECT_TRUE(login(QStringLiteral("ana")));
-    EXPECT_EQ(accepted_, QStringLiteral("ana"));
+    EXPECT_TRUE(login(kAna));
+    EXPECT_EQ(accepted_, kAna);
 }
 
 TEST_P(Login, ProposedCodeIsTheArgumentOrElseTheSystemUser) {
@@ -92,7 +94,7 @@ TEST_P(Login, ProposedCodeIsTheArgumentOrElseTheSystemUser) {
 }
 
 TEST_P(Login, EmptyAnswerRefusesWithoutAMessage) {
-    addUser(QStringLiteral("ana"));
+    addUser(kAna);
     sesion_->CodigoUsuario = QStringLiteral("antes");
     EXPECT_FALSE(login(QString()));
     EXPECT_FALSE(login(QStringLiteral("   ")));
@@ -101,7 +103,7 @@ TEST_P(Login, EmptyAnswerRefusesWithoutAMessage) {
 }
 
 TEST_P(Login, UnknownUserIsWarnedAndRefused) {
-    addUser(QStringLiteral("ana"));
+    addUser(kAna);
     EXPECT_FALSE(login(QStringLiteral("anabel")));
     EXPECT_EQ(messages_.texts(), QStringList({kPideCodigo, kNoDefinido}));
     EXPECT_EQ(messages_.shown().value(1).kind, u'A');
@@ -110,7 +112,7 @@ TEST_P(Login, UnknownUserIsWarnedAndRefused) {
     EXPECT_FALSE(login(QString(300, u'a')));
     EXPECT_FALSE(login(QStringLiteral("ana%")));
     EXPECT_FALSE(login(QStringLiteral("an_")));
-    EXPECT_FALSE(login(QStringLiteral("ana") + QChar(0)));
+    EXPECT_FALSE(login(kAna + QChar(0)));
     EXPECT_EQ(messages_.texts().last(), kNoDefinido);
 }
 
@@ -122,57 +124,57 @@ TEST_P(Login, UserWithoutPasswordIsNeverAsked) {
 }
 
 TEST_P(Login, WrongPasswordCountsAndRefuses) {
-    withPassword(QStringLiteral("ana"), QStringLiteral("buena"));
-    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("mala")));
+    withPassword(kAna, QStringLiteral("buena"));
+    EXPECT_FALSE(login(kAna, QStringLiteral("mala")));
     EXPECT_EQ(messages_.texts(), QStringList({kPideCodigo, kPideClave, kIncorrecta}));
     EXPECT_EQ(messages_.shown().value(2).kind, u'A');
-    EXPECT_EQ(counter(QStringLiteral("ana")), QStringLiteral("1"));
-    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("BUENA")));
-    EXPECT_EQ(counter(QStringLiteral("ana")), QStringLiteral("2"));
+    EXPECT_EQ(counter(kAna), QStringLiteral("1"));
+    EXPECT_FALSE(login(kAna, QStringLiteral("BUENA")));
+    EXPECT_EQ(counter(kAna), QStringLiteral("2"));
     EXPECT_TRUE(sesion_->CodigoUsuario.isEmpty());
 }
 
 TEST_P(Login, RightPasswordAfterTwoWrongOnesClearsTheCounter) {
-    withPassword(QStringLiteral("ana"), QStringLiteral("buena"));
-    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("mala")));
-    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("peor")));
-    EXPECT_TRUE(login(QStringLiteral("ana"), QStringLiteral("buena")));
-    EXPECT_EQ(counter(QStringLiteral("ana")), QStringLiteral("0"));
+    withPassword(kAna, QStringLiteral("buena"));
+    EXPECT_FALSE(login(kAna, QStringLiteral("mala")));
+    EXPECT_FALSE(login(kAna, QStringLiteral("peor")));
+    EXPECT_TRUE(login(kAna, QStringLiteral("buena")));
+    EXPECT_EQ(counter(kAna), QStringLiteral("0"));
     // Two more wrong ones do not lock: the count starts again.
-    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("mala")));
-    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("mala")));
-    EXPECT_TRUE(login(QStringLiteral("ana"), QStringLiteral("buena")));
+    EXPECT_FALSE(login(kAna, QStringLiteral("mala")));
+    EXPECT_FALSE(login(kAna, QStringLiteral("mala")));
+    EXPECT_TRUE(login(kAna, QStringLiteral("buena")));
 }
 
 TEST_P(Login, ThirdWrongPasswordLocksTheUserOut) {
-    withPassword(QStringLiteral("ana"), QStringLiteral("buena"));
+    withPassword(kAna, QStringLiteral("buena"));
     for (int i = 0; i < 3; ++i)
-        EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("mala")));
+        EXPECT_FALSE(login(kAna, QStringLiteral("mala")));
     // The password is not even asked for.
-    EXPECT_FALSE(login(QStringLiteral("ana")));
+    EXPECT_FALSE(login(kAna));
     EXPECT_EQ(messages_.texts(), QStringList({kPideCodigo, kRevocado}));
-    EXPECT_EQ(counter(QStringLiteral("ana")), QStringLiteral("3"));
+    EXPECT_EQ(counter(kAna), QStringLiteral("3"));
     // Clearing the counter gives access back.
-    ASSERT_TRUE(GuardarValorUsuario(*datos_, QStringLiteral("ana"),
-                                    QStringLiteral("ContadorAccesos"), QStringLiteral("0")));
-    EXPECT_TRUE(login(QStringLiteral("ana"), QStringLiteral("buena")));
+    ASSERT_TRUE(
+        GuardarValorUsuario(*datos_, kAna, QStringLiteral("ContadorAccesos"), QStringLiteral("0")));
+    EXPECT_TRUE(login(kAna, QStringLiteral("buena")));
 }
 
 TEST_P(Login, CounterKeepsTheRestOfTheUserSettings) {
-    addUser(QStringLiteral("ana"), QStringLiteral("Normal"), {},
+    addUser(kAna, QStringLiteral("Normal"), {},
             QStringLiteral("VisualizacionPrevia=NO\r\nContadorAccesos=2\r\nIndicesBusqueda=a=b"));
-    ASSERT_TRUE(GuardarClaveAcceso(*datos_, QStringLiteral("ana"), QStringLiteral("buena")));
-    EXPECT_TRUE(login(QStringLiteral("ana"), QStringLiteral("buena")));
-    EXPECT_EQ(user(QStringLiteral("ana")).Configuracion,
+    ASSERT_TRUE(GuardarClaveAcceso(*datos_, kAna, QStringLiteral("buena")));
+    EXPECT_TRUE(login(kAna, QStringLiteral("buena")));
+    EXPECT_EQ(user(kAna).Configuracion,
               QStringLiteral("VisualizacionPrevia=NO\r\nContadorAccesos=0\r\nIndicesBusqueda=a=b"));
 }
 
 TEST_P(Login, UnreadableCounterCountsAsZero) {
-    withPassword(QStringLiteral("ana"), QStringLiteral("buena"));
-    ASSERT_TRUE(GuardarValorUsuario(*datos_, QStringLiteral("ana"),
-                                    QStringLiteral("ContadorAccesos"), QStringLiteral("muchos")));
-    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("mala")));
-    EXPECT_EQ(counter(QStringLiteral("ana")), QStringLiteral("1"));
+    withPassword(kAna, QStringLiteral("buena"));
+    ASSERT_TRUE(GuardarValorUsuario(*datos_, kAna, QStringLiteral("ContadorAccesos"),
+                                    QStringLiteral("muchos")));
+    EXPECT_FALSE(login(kAna, QStringLiteral("mala")));
+    EXPECT_EQ(counter(kAna), QStringLiteral("1"));
 }
 
 TEST_P(Login, ClearTextPasswordIsReplacedByItsHashOnTheNextGoodLogin) {
@@ -191,11 +193,11 @@ TEST_P(Login, ClearTextPasswordIsReplacedByItsHashOnTheNextGoodLogin) {
 }
 
 TEST_P(Login, HashOfAnotherCostIsRemadeAtTheCurrentOne) {
-    withPassword(QStringLiteral("ana"), QStringLiteral("buena"));
-    const QString before = user(QStringLiteral("ana")).ClaveAcceso;
+    withPassword(kAna, QStringLiteral("buena"));
+    const QString before = user(kAna).ClaveAcceso;
     ASSERT_TRUE(setPasswordHashCost({2, 16384}));
-    EXPECT_TRUE(login(QStringLiteral("ana"), QStringLiteral("buena")));
-    const QString after = user(QStringLiteral("ana")).ClaveAcceso;
+    EXPECT_TRUE(login(kAna, QStringLiteral("buena")));
+    const QString after = user(kAna).ClaveAcceso;
     EXPECT_NE(after, before);
     EXPECT_FALSE(passwordNeedsUpgrade(after));
     EXPECT_TRUE(verifyPassword(after, QStringLiteral("buena")));
@@ -213,21 +215,20 @@ TEST_P(Login, HostileCodesAndPasswordsAreJustText) {
     EXPECT_EQ(accepted_, code);
     EXPECT_TRUE(login(QStringLiteral("dbo.x top 1"), QStringLiteral("x = NULL")));
     EXPECT_EQ(accepted_, QStringLiteral("dbo.x TOP 1"));
-    EXPECT_EQ(ok(QStringLiteral("SELECT COUNT(*) FROM USUARIO"), QStringLiteral("DatabaseGeneral")),
-              QStringLiteral("2"));
+    EXPECT_EQ(general(QStringLiteral("SELECT COUNT(*) FROM USUARIO")), QStringLiteral("2"));
 }
 
 TEST_P(Login, ProfileUserKeepsItsOwnPasswordAndCounter) {
     withPassword(QStringLiteral("PERFIL"), QStringLiteral("del-perfil"),
                  QStringLiteral("Administrador"));
-    withPassword(QStringLiteral("ana"), QStringLiteral("de-ana"), QStringLiteral("PERFIL"));
+    withPassword(kAna, QStringLiteral("de-ana"), QStringLiteral("PERFIL"));
     setField(QStringLiteral("PERFIL"), QStringLiteral("Configuracion"),
              QStringLiteral("CamposNoVisibles=PrecioCompra,Margen"));
-    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("del-perfil")));
-    EXPECT_EQ(counter(QStringLiteral("ana")), QStringLiteral("1"));
+    EXPECT_FALSE(login(kAna, QStringLiteral("del-perfil")));
+    EXPECT_EQ(counter(kAna), QStringLiteral("1"));
     EXPECT_EQ(counter(QStringLiteral("PERFIL")), QStringLiteral("0"));
-    EXPECT_TRUE(login(QStringLiteral("ana"), QStringLiteral("de-ana")));
-    EXPECT_EQ(accepted_, QStringLiteral("ana"));
+    EXPECT_TRUE(login(kAna, QStringLiteral("de-ana")));
+    EXPECT_EQ(accepted_, kAna);
     // Hidden fields come with the profile.
     EXPECT_EQ(sesionUsuario_.CamposNoVisibles,
               QStringList({QStringLiteral("PrecioCompra"), QStringLiteral("Margen")}));
@@ -261,20 +262,19 @@ TEST_P(Login, SystemLoginFindsAnExistingUserInAnyCaseAndAsksNoPassword) {
     EXPECT_TRUE(messages_.texts().isEmpty());
     EXPECT_EQ(code, QStringLiteral("Operario1"));
     EXPECT_EQ(sesionUsuario_.ClaveUsuario, user(QStringLiteral("Operario1")).ClaveAcceso);
-    EXPECT_EQ(ok(QStringLiteral("SELECT COUNT(*) FROM USUARIO"), QStringLiteral("DatabaseGeneral")),
-              QStringLiteral("1"));
+    EXPECT_EQ(general(QStringLiteral("SELECT COUNT(*) FROM USUARIO")), QStringLiteral("1"));
 }
 
 // A `USUARIO` made by hand with a check that makes chosen writes fail.
 class LoginWithFailingWrites : public Login {
 protected:
     void makeTable(const QString &check) {
-        ok(QStringLiteral("CREATE TABLE USUARIO (Codigo VARCHAR(20) NOT NULL PRIMARY KEY, "
-                          "Nombre VARCHAR(40), Categoria VARCHAR(20), ClaveAcceso VARCHAR(128), "
-                          "Empresas TEXT, ProgramasNoAccesibles TEXT, ProgramasSoloLectura TEXT, "
-                          "ProgramasActivos TEXT, Configuracion TEXT, CHECK (") +
-               check + QStringLiteral("))"),
-           QStringLiteral("DatabaseGeneral"));
+        general(
+            QStringLiteral("CREATE TABLE USUARIO (Codigo VARCHAR(20) NOT NULL PRIMARY KEY, "
+                           "Nombre VARCHAR(40), Categoria VARCHAR(20), ClaveAcceso VARCHAR(128), "
+                           "Empresas TEXT, ProgramasNoAccesibles TEXT, ProgramasSoloLectura TEXT, "
+                           "ProgramasActivos TEXT, Configuracion TEXT, CHECK (") +
+            check + QStringLiteral("))"));
     }
 };
 
@@ -291,14 +291,14 @@ TEST_P(LoginWithFailingWrites, SystemUserThatCannotBeAddedIsTold) {
 TEST_P(LoginWithFailingWrites, UnsavedCounterIsToldAndTheResultStands) {
     makeTable(
         QStringLiteral("Configuracion IS NULL OR Configuracion NOT LIKE '%ContadorAccesos=%'"));
-    withPassword(QStringLiteral("ana"), QStringLiteral("buena"));
-    EXPECT_FALSE(login(QStringLiteral("ana"), QStringLiteral("mala")));
+    withPassword(kAna, QStringLiteral("buena"));
+    EXPECT_FALSE(login(kAna, QStringLiteral("mala")));
     ASSERT_EQ(messages_.texts().size(), 4);
     EXPECT_EQ(messages_.texts().at(2), kIncorrecta);
     EXPECT_TRUE(messages_.texts().at(3).startsWith(kNoGrabada + QStringLiteral("Error.")))
         << messages_.texts().at(3).toStdString();
-    EXPECT_EQ(counter(QStringLiteral("ana")), QStringLiteral("0"));
-    EXPECT_TRUE(login(QStringLiteral("ana"), QStringLiteral("buena")));
+    EXPECT_EQ(counter(kAna), QStringLiteral("0"));
+    EXPECT_TRUE(login(kAna, QStringLiteral("buena")));
 }
 
 TEST_P(LoginWithFailingWrites, UnsavedHashKeepsTheClearPasswordAndTheLogin) {

@@ -1,7 +1,5 @@
 // A query opened with "Temporal" is stored in a temporary table of the general
 // data and read back from it, on both back-ends.
-#include "core/table_creation.h"
-
 #include "support/layer_fixture.h"
 
 #include <gtest/gtest.h>
@@ -9,26 +7,28 @@
 namespace co {
 namespace {
 
-using test::LayerTest;
-
-class QueryTemporal : public LayerTest {
+class QueryTemporal : public test::TablesOnDemandTest {
 protected:
     void SetUp() override {
-        LayerTest::SetUp();
-        creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
-        datos_->setTableCreator(creador_.get());
+        TablesOnDemandTest::SetUp();
+        if (HasFatalFailure())
+            return;
         sesion_->CodigoUsuario = QStringLiteral("ANA");
-        ok(QStringLiteral("INSERT INTO OBRA (Codigo, Descripcion, GastosIndirectos) VALUES ('1', 'Nave', '2.5')"));
-        ok(QStringLiteral("INSERT INTO OBRA (Codigo, Descripcion, GastosIndirectos) VALUES ('2', 'Puente', '4')"));
+        ok(QStringLiteral("INSERT INTO OBRA (Codigo, Descripcion, GastosIndirectos) VALUES ('1', "
+                          "'Nave', '2.5')"));
+        ok(QStringLiteral("INSERT INTO OBRA (Codigo, Descripcion, GastosIndirectos) VALUES ('2', "
+                          "'Puente', '4')"));
     }
-    std::unique_ptr<CreadorTablas> creador_;
 };
 
 TEST_P(QueryTemporal, RowsComeBackFromTheTemporaryTable) {
     Consulta q;
-    q.SQL = QStringLiteral("SELECT Codigo, Descripcion, GastosIndirectos FROM OBRA ORDER BY Codigo");
-    ASSERT_TRUE(datos_->AbrirConsulta(q, QStringLiteral("Open,Temporal"))) << messages_.texts().join(u'\n').toStdString();
-    EXPECT_TRUE(q.SQL.startsWith(QStringLiteral("SELECT * FROM ") + settings_.AliasBaseDatosGeneral + QStringLiteral(".dbo.")))
+    q.SQL =
+        QStringLiteral("SELECT Codigo, Descripcion, GastosIndirectos FROM OBRA ORDER BY Codigo");
+    ASSERT_TRUE(datos_->AbrirConsulta(q, QStringLiteral("Open,Temporal")))
+        << messages_.texts().join(u'\n').toStdString();
+    EXPECT_TRUE(q.SQL.startsWith(QStringLiteral("SELECT * FROM ") +
+                                 settings_.AliasBaseDatosGeneral + QStringLiteral(".dbo.")))
         << q.SQL.toStdString();
     ASSERT_EQ(q.RecordCount(), 2);
     EXPECT_EQ(q.Text(1, QStringLiteral("Descripcion")), QStringLiteral("Puente"));

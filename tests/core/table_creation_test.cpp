@@ -12,14 +12,14 @@
 namespace co {
 namespace {
 
-using test::LayerTest;
-
 const QString kDatos = QStringLiteral(CO_SOURCE_DIR "/data");
 
-class CreacionTablas : public LayerTest {
+class CreacionTablas : public test::TablesOnDemandTest {
 protected:
     void SetUp() override {
-        LayerTest::SetUp();
+        TablesOnDemandTest::SetUp();
+        if (HasFatalFailure())
+            return;
         settings_.NombrePrimeraEmpresa =
             QStringLiteral("Construcciones y Reformas del Norte, Sociedad Anónima");
         rehacerSesion();
@@ -35,11 +35,6 @@ protected:
         datos_ = std::make_unique<TModuloDatos>(*sesion_);
         creador_ = std::make_unique<CreadorTablas>(*datos_, kDatos);
         datos_->setTableCreator(creador_.get());
-    }
-
-    void TearDown() override {
-        creador_.reset();
-        LayerTest::TearDown();
     }
 
     bool existe(const QString &tabla, const QString &conexion = {}) {
@@ -74,8 +69,6 @@ protected:
         return ok(QStringLiteral("SELECT COUNT(*) FROM pg_namespace WHERE nspname = lower(%1)")
                       .arg(Entrecomillar(alias))) == u"1";
     }
-
-    std::unique_ptr<CreadorTablas> creador_;
 };
 
 TEST_P(CreacionTablas, StatementOnAMissingTableCreatesItAndGoesOn) {
@@ -171,10 +164,9 @@ TEST_P(CreacionTablas, CustomerAndVersionFilesShapeTheTables) {
 }
 
 TEST_P(CreacionTablas, UserFieldsAreAddedAndBadOnesLeftOutWithAWarning) {
-    ok(QStringLiteral(
-           "INSERT INTO CAMPOUSR (NombreTabla, OrdenCampo, NombreCampo, TipoCampo, LongitudCampo) "
-           "VALUES ('OBRA', '2', 'Peso', 'Numerico', '0')"),
-       QStringLiteral("DatabaseGeneral"));
+    general(QStringLiteral(
+        "INSERT INTO CAMPOUSR (NombreTabla, OrdenCampo, NombreCampo, TipoCampo, LongitudCampo) "
+        "VALUES ('OBRA', '2', 'Peso', 'Numerico', '0')"));
     ok(QStringLiteral("SELECT * FROM USUARIO"));
     messages_.clear();
     for (const char *fila :
@@ -182,10 +174,9 @@ TEST_P(CreacionTablas, UserFieldsAreAddedAndBadOnesLeftOutWithAWarning) {
           "'OBRA', '4', 'A INT); DROP TABLE USUARIO', 'Entero', '0'",
           "'OBRA', '5', 'Codigo', 'Entero', '0'", "'OBRA', '6', 'Alta', 'Fecha', '0'",
           "'CLIENTE', '1', 'Ajeno', 'Texto', '0'"})
-        ok(QStringLiteral("INSERT INTO CAMPOUSR (NombreTabla, OrdenCampo, NombreCampo, TipoCampo, "
-                          "LongitudCampo) VALUES (") +
-               QString::fromUtf8(fila) + u')',
-           QStringLiteral("DatabaseGeneral"));
+        general(QStringLiteral("INSERT INTO CAMPOUSR (NombreTabla, OrdenCampo, NombreCampo, "
+                               "TipoCampo, LongitudCampo) VALUES (") +
+                QString::fromUtf8(fila) + u')');
     QString lineas, motivo;
     ASSERT_TRUE(creador_->CamposUsuario(QStringLiteral("OBRA"), &lineas, &motivo));
     EXPECT_EQ(lineas.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts).first(),

@@ -3,8 +3,6 @@
 // and a session without language that runs no statement at all.
 #include "core/translation.h"
 
-#include "core/table_creation.h"
-
 #include "support/layer_fixture.h"
 
 #include <gtest/gtest.h>
@@ -12,26 +10,16 @@
 namespace co {
 namespace {
 
-using test::LayerTest;
-
 const QString kIngles = QStringLiteral("Ingles");
 
-class Translation : public LayerTest {
+class Translation : public test::TablesOnDemandTest {
 protected:
-    void SetUp() override {
-        LayerTest::SetUp();
-        creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
-        datos_->setTableCreator(creador_.get());
-    }
-
     void add(const QString &clave, const QString &texto, const QString &idioma = kIngles) {
-        ok(QStringLiteral("INSERT INTO TXIDIOMA (Idioma, ClaveTexto, Texto) VALUES (%1, %2, %3)")
-               .arg(Entrecomillar(idioma), Entrecomillar(clave), Entrecomillar(texto)),
-           QStringLiteral("DatabaseGeneral"));
+        general(
+            QStringLiteral("INSERT INTO TXIDIOMA (Idioma, ClaveTexto, Texto) VALUES (%1, %2, %3)")
+                .arg(Entrecomillar(idioma), Entrecomillar(clave), Entrecomillar(texto)));
     }
     int statements() const { return datos_->SentenciasEjecutadas(); }
-
-    std::unique_ptr<CreadorTablas> creador_;
 };
 
 TEST_P(Translation, WithoutLanguageNothingIsQueried) {
@@ -209,8 +197,7 @@ TEST_P(Translation, TheCollationIsAddedWithAccentsCounting) {
     add(QStringLiteral("Maestro de Obras"), QStringLiteral("Works Master"));
     if (backend() == Backend::PostgreSQL) {
         // An accent-insensitive name is used by its accent-sensitive sibling.
-        ok(QStringLiteral("CREATE COLLATION \"Prueba_CI_AS\" FROM \"C\""),
-           QStringLiteral("DatabaseGeneral"));
+        general(QStringLiteral("CREATE COLLATION \"Prueba_CI_AS\" FROM \"C\""));
         Translator t(*datos_, kIngles, QStringLiteral("\"Prueba_CI_AI\""));
         EXPECT_EQ(t.TraducirTexto(QStringLiteral("Maestro de Obras")),
                   QStringLiteral("Works Master"));

@@ -3,35 +3,31 @@
 // password-hash cost, and helpers to put users in `USUARIO`.
 
 #include "core/password_hash.h"
-#include "core/table_creation.h"
 #include "core/user_table.h"
 #include "support/layer_fixture.h"
 
 #include <gtest/gtest.h>
-#include <memory>
 
 namespace co::test {
 
 // libsodium's minimum cost: hashing stays a matter of microseconds in tests.
 inline constexpr PasswordHashCost kFastHashCost{1, 8192};
 
-class UserTest : public LayerTest {
+// The user most tests work with.
+inline const QString kAna = QStringLiteral("ana");
+
+class UserTest : public TablesOnDemandTest {
 protected:
     void SetUp() override {
-        LayerTest::SetUp();
+        TablesOnDemandTest::SetUp();
         if (HasFatalFailure())
             return;
         ASSERT_TRUE(setPasswordHashCost(kFastHashCost));
-        creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
-        datos_->setTableCreator(creador_.get());
     }
 
     void TearDown() override {
         setPasswordHashCost(interactivePasswordHashCost());
-        if (datos_)
-            datos_->setTableCreator(nullptr);
-        creador_.reset();
-        LayerTest::TearDown();
+        TablesOnDemandTest::TearDown();
     }
 
     // Inserts a user whose `ClaveAcceso` holds `clave` exactly as given.
@@ -58,8 +54,6 @@ protected:
         EXPECT_TRUE(r.has_value()) << codigo.toStdString();
         return r.value_or(UserRecord{});
     }
-
-    std::unique_ptr<CreadorTablas> creador_;
 };
 
 } // namespace co::test

@@ -44,7 +44,8 @@ void dropInstallation(const InstallationSettings &s) {
         }
         if (db.open()) {
             QSqlQuery q(db);
-            q.exec(QStringLiteral("SELECT nspname FROM pg_namespace WHERE nspname LIKE '%1%%' OR nspname LIKE '%2%%'")
+            q.exec(QStringLiteral("SELECT nspname FROM pg_namespace WHERE nspname LIKE '%1%%' OR "
+                                  "nspname LIKE '%2%%'")
                        .arg(s.AliasBaseDatosGeneral.toLower(), s.AliasBaseDatos.toLower()));
             QStringList schemas;
             while (q.next())
@@ -76,8 +77,24 @@ void LayerTest::TearDown() {
 
 QString LayerTest::ok(const QString &sql, const QString &conexion, const QString &opciones) {
     const QString result = datos_->EjecutarSQL(sql, conexion, opciones);
-    EXPECT_FALSE(result.startsWith(QStringLiteral("Error."))) << sql.toStdString() << "\n -> " << result.toStdString();
+    EXPECT_FALSE(result.startsWith(QStringLiteral("Error.")))
+        << sql.toStdString() << "\n -> " << result.toStdString();
     return result;
+}
+
+void TablesOnDemandTest::SetUp() {
+    LayerTest::SetUp();
+    if (HasFatalFailure())
+        return;
+    creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
+    datos_->setTableCreator(creador_.get());
+}
+
+void TablesOnDemandTest::TearDown() {
+    if (datos_)
+        datos_->setTableCreator(nullptr);
+    creador_.reset();
+    LayerTest::TearDown();
 }
 
 std::string backendName(const ::testing::TestParamInfo<Backend> &info) {

@@ -4,6 +4,7 @@
 
 #include "core/database.h"
 #include "core/session.h"
+#include "core/table_creation.h"
 #include "support/gtest_qt_printing.h"
 
 #include <QString>
@@ -13,7 +14,9 @@
 #include <ostream>
 
 namespace co {
-inline void PrintTo(Backend b, std::ostream *os) { *os << (b == Backend::SQLite ? "SQLite" : "PostgreSQL"); }
+inline void PrintTo(Backend b, std::ostream *os) {
+    *os << (b == Backend::SQLite ? "SQLite" : "PostgreSQL");
+}
 } // namespace co
 
 namespace co::test {
@@ -31,6 +34,8 @@ protected:
 
     // Runs a statement that must succeed and returns its result text.
     QString ok(const QString &sql, const QString &conexion = {}, const QString &opciones = {});
+    // The same on the general database.
+    QString general(const QString &sql) { return ok(sql, QStringLiteral("DatabaseGeneral")); }
     Backend backend() const { return GetParam(); }
 
     QTemporaryDir dir_;
@@ -40,11 +45,20 @@ protected:
     std::unique_ptr<TModuloDatos> datos_;
 };
 
+// A LayerTest whose statements make, from the structure files, the tables they miss.
+class TablesOnDemandTest : public LayerTest {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    std::unique_ptr<CreadorTablas> creador_;
+};
+
 std::string backendName(const ::testing::TestParamInfo<Backend> &info);
 
 #define CO_ON_BOTH_BACKENDS(suite)                                                                 \
     INSTANTIATE_TEST_SUITE_P(Backends, suite,                                                      \
-                             ::testing::Values(::co::Backend::SQLite, ::co::Backend::PostgreSQL), \
+                             ::testing::Values(::co::Backend::SQLite, ::co::Backend::PostgreSQL),  \
                              ::co::test::backendName)
 
 } // namespace co::test

@@ -58,6 +58,16 @@ public:
     }
 };
 
+const QString kNoGrabada = QStringLiteral("¡ La línea no ha sido grabada !");
+const QString kNoPartida = QStringLiteral("¡No existe la Partida!");
+const QString kNoValida =
+    QStringLiteral("¡ No se puede grabar la línea porque está bloqueada por "
+                   "otro usuario o porque el dato introducido no es válido !");
+const QString kEliminarTodo =
+    QStringLiteral("¿Está seguro de querer eliminar el registro y todas sus líneas?");
+
+using Pantalla = ScreenTest<PantallaLineas>;
+
 class LinesMaster : public WorksScreenTest {
 protected:
     void SetUp() override {
@@ -82,15 +92,46 @@ protected:
                    .arg(numero)
                    .arg(l));
     }
-    QString cuenta(const QString &sql) { return ok(sql).trimmed(); }
+    // Rows of a table, of those of one header when `numero` is given.
+    QString filas(const QString &tabla, int numero = 0) {
+        return ok(QStringLiteral("SELECT COUNT(*) FROM ") + tabla +
+                  (numero ? QStringLiteral(" WHERE Numero = %1").arg(numero) : QString()))
+            .trimmed();
+    }
+    QString texto(int numero, int linea) {
+        return ok(QStringLiteral("SELECT Texto FROM PRULINEA WHERE Numero = %1 AND Linea = %2")
+                      .arg(numero)
+                      .arg(linea))
+            .trimmed();
+    }
+    QString descripcion(int numero) {
+        return ok(QStringLiteral("SELECT Descripcion FROM PRUCAB WHERE Numero = %1").arg(numero))
+            .trimmed();
+    }
+    QString ultimoMensaje() const { return messages_.texts().value(messages_.texts().size() - 1); }
+    // Opens the screen on the first header.
+    static bool abrir(Pantalla &s) {
+        if (!s.open())
+            return false;
+        s.form().Table1().First();
+        return true;
+    }
+    static bool columna(Pantalla &s, const QString &campo) {
+        return s.column(campo, QStringLiteral("DBGrid2"));
+    }
     // A new line typed in the lines grid, left pending.
-    static bool nuevaLinea(ScreenTest<PantallaLineas> &s, const QString &texto) {
+    static bool nuevaLinea(Pantalla &s, const QString &texto) {
         return s.focus(QStringLiteral("DBGrid2")) && s.form().Rutinas().Ejecutar([&] {
             s.form().Table2().Append();
             s.form().Table2().FieldByName(QStringLiteral("Texto")).SetAsString(texto);
         });
     }
-    static QStringList lineasVistas(ScreenTest<PantallaLineas> &s) {
+    // Types into a field of the current line.
+    static bool poner(Pantalla &s, const QString &campo, const QString &valor) {
+        return s.form().Rutinas().Ejecutar(
+            [&] { s.form().Table2().FieldByName(campo).SetAsString(valor); });
+    }
+    static QStringList lineasVistas(Pantalla &s) {
         QStringList out;
         forms::Table &t = s.form().Table2();
         for (t.First(); !t.Eof(); t.Next())
@@ -98,7 +139,7 @@ protected:
                        t.FieldByName(QStringLiteral("Linea")).AsString();
         return out;
     }
-    static bool ctrlSupr(ScreenTest<PantallaLineas> &s) {
+    static bool ctrlSupr(Pantalla &s) {
         bool consumida = false;
         s.form().Rutinas().Ejecutar([&] {
             consumida = ProcesarTeclaForm(s.form(), s.form().Rutinas(),
@@ -109,9 +150,8 @@ protected:
 };
 
 TEST_P(LinesMaster, LinesNumberThemselvesWithinTheirHeader) {
-    ScreenTest<PantallaLineas> s(*datos_);
-    ASSERT_TRUE(s.open());
-    s.form().Table1().First();
+    Pantalla s(*datos_);
+    ASSERT_TRUE(abrir(s));
     for (const char *t : {"a", "b", "c"}) {
         ASSERT_TRUE(nuevaLinea(s, QString::fromLatin1(t)));
         ASSERT_TRUE(s.click(QStringLiteral("pbConforme")));
@@ -123,16 +163,14 @@ TEST_P(LinesMaster, LinesNumberThemselvesWithinTheirHeader) {
     ASSERT_TRUE(nuevaLinea(s, QStringLiteral("d")));
     ASSERT_TRUE(s.click(QStringLiteral("pbConforme")));
     EXPECT_EQ(lineasVistas(s), QStringList{QStringLiteral("2/1")});
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA WHERE Numero = 1")),
-              QStringLiteral("3"));
+    EXPECT_EQ(filas(QStringLiteral("PRULINEA"), 1), QStringLiteral("3"));
     EXPECT_TRUE(messages_.shown().isEmpty()) << messages_.texts().join(u'|').toStdString();
 }
 
 TEST_P(LinesMaster, CtrlDeleteInTheLinesAsksBeforeDeletingALine) {
     lineas(1, 2);
-    ScreenTest<PantallaLineas> s(*datos_);
-    ASSERT_TRUE(s.open());
-    s.form().Table1().First();
+    Pantalla s(*datos_);
+    ASSERT_TRUE(abrir(s));
     ASSERT_TRUE(s.focus(QStringLiteral("DBGrid2")));
     s.form().Table2().Last();
     messages_.answer(QStringLiteral("NO"));
@@ -143,66 +181,54 @@ TEST_P(LinesMaster, CtrlDeleteInTheLinesAsksBeforeDeletingALine) {
     messages_.answer(QStringLiteral("SI"));
     EXPECT_TRUE(ctrlSupr(s));
     EXPECT_EQ(lineasVistas(s), QStringList{QStringLiteral("1/1")});
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA")), QStringLiteral("1"));
+    EXPECT_EQ(filas(QStringLiteral("PRULINEA")), QStringLiteral("1"));
 }
 
 TEST_P(LinesMaster, DeletingTheHeaderTakesAllItsLinesOnlyOnYes) {
     lineas(1, 3);
     lineas(2, 2);
-    ScreenTest<PantallaLineas> s(*datos_);
-    ASSERT_TRUE(s.open());
-    s.form().Table1().First();
+    Pantalla s(*datos_);
+    ASSERT_TRUE(abrir(s));
     messages_.answer(QStringLiteral("NO"));
     ASSERT_TRUE(s.click(QStringLiteral("Eliminar1")));
-    EXPECT_EQ(messages_.texts(),
-              QStringList{QStringLiteral(
-                  "¿Está seguro de querer eliminar el registro y todas sus líneas?")});
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRUCAB")), QStringLiteral("2"));
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA")), QStringLiteral("5"));
+    EXPECT_EQ(messages_.texts(), QStringList{kEliminarTodo});
+    EXPECT_EQ(filas(QStringLiteral("PRUCAB")), QStringLiteral("2"));
+    EXPECT_EQ(filas(QStringLiteral("PRULINEA")), QStringLiteral("5"));
     messages_.answer(QStringLiteral("SI"));
     ASSERT_TRUE(s.click(QStringLiteral("Eliminar1")));
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRUCAB WHERE Numero = 1")),
-              QStringLiteral("0"));
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA WHERE Numero = 1")),
-              QStringLiteral("0"));
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA WHERE Numero = 2")),
-              QStringLiteral("2"));
+    EXPECT_EQ(filas(QStringLiteral("PRUCAB"), 1), QStringLiteral("0"));
+    EXPECT_EQ(filas(QStringLiteral("PRULINEA"), 1), QStringLiteral("0"));
+    EXPECT_EQ(filas(QStringLiteral("PRULINEA"), 2), QStringLiteral("2"));
     EXPECT_EQ(s.form().Table1().FieldByName(QStringLiteral("Numero")).AsString(),
               QStringLiteral("2"));
     EXPECT_EQ(lineasVistas(s), (QStringList{QStringLiteral("2/1"), QStringLiteral("2/2")}));
 }
 
 TEST_P(LinesMaster, ThePendingLineIsPostedWithTheHeader) {
-    ScreenTest<PantallaLineas> s(*datos_);
-    ASSERT_TRUE(s.open());
-    s.form().Table1().First();
+    Pantalla s(*datos_);
+    ASSERT_TRUE(abrir(s));
     ASSERT_TRUE(s.edit(QStringLiteral("EditDescripcion"), QStringLiteral("Cambiada")));
     ASSERT_TRUE(nuevaLinea(s, QStringLiteral("pendiente")));
     EXPECT_EQ(s.form().Table1().State(), DatasetState::Edit);
     EXPECT_EQ(s.form().Table2().State(), DatasetState::Insert);
     ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] { s.form().Table1().Post(); }));
     EXPECT_EQ(s.form().Table2().State(), DatasetState::Browse);
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT Texto FROM PRULINEA WHERE Numero = 1 AND Linea = 1")),
-              QStringLiteral("pendiente"));
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT Descripcion FROM PRUCAB WHERE Numero = 1")),
-              QStringLiteral("Cambiada"));
+    EXPECT_EQ(texto(1, 1), QStringLiteral("pendiente"));
+    EXPECT_EQ(descripcion(1), QStringLiteral("Cambiada"));
 }
 
 TEST_P(LinesMaster, ARefusedLineIsToldAndCancelled) {
-    ScreenTest<PantallaLineas> s(*datos_);
-    ASSERT_TRUE(s.open());
-    s.form().Table1().First();
+    Pantalla s(*datos_);
+    ASSERT_TRUE(abrir(s));
     ASSERT_TRUE(nuevaLinea(s, QStringLiteral("MAL")));
     EXPECT_FALSE(s.click(QStringLiteral("pbConforme")));
-    EXPECT_EQ(messages_.texts().value(messages_.texts().size() - 1),
-              QStringLiteral("¡ No se puede grabar la línea porque está bloqueada por otro usuario "
-                             "o porque el dato introducido no es válido !"));
+    EXPECT_EQ(ultimoMensaje(), kNoValida);
     EXPECT_EQ(s.form().Table2().State(), DatasetState::Browse);
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA")), QStringLiteral("0"));
+    EXPECT_EQ(filas(QStringLiteral("PRULINEA")), QStringLiteral("0"));
 }
 
 TEST_P(LinesMaster, CancellingANewHeaderCancelsItsLine) {
-    ScreenTest<PantallaLineas> s(*datos_);
+    Pantalla s(*datos_);
     ASSERT_TRUE(s.open());
     ASSERT_TRUE(s.click(QStringLiteral("Agregar")));
     EXPECT_EQ(s.form().Table1().FieldByName(QStringLiteral("Numero")).AsString(),
@@ -214,19 +240,18 @@ TEST_P(LinesMaster, CancellingANewHeaderCancelsItsLine) {
     ASSERT_TRUE(s.click(QStringLiteral("pbCancelar")));
     EXPECT_EQ(s.form().Table1().State(), DatasetState::Browse);
     EXPECT_EQ(s.form().Table2().State(), DatasetState::Browse);
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA")), QStringLiteral("0"));
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRUCAB")), QStringLiteral("2"));
+    EXPECT_EQ(filas(QStringLiteral("PRULINEA")), QStringLiteral("0"));
+    EXPECT_EQ(filas(QStringLiteral("PRUCAB")), QStringLiteral("2"));
 }
 
 TEST_P(LinesMaster, ALineTheValidatorRefusesStaysPendingOnItsColumnAndIsNotPosted) {
-    ScreenTest<PantallaLineas> s(*datos_);
-    ASSERT_TRUE(s.open());
-    s.form().Table1().First();
-    ASSERT_TRUE(s.column(QStringLiteral("Texto"), QStringLiteral("DBGrid2")));
+    Pantalla s(*datos_);
+    ASSERT_TRUE(abrir(s));
+    ASSERT_TRUE(columna(s, QStringLiteral("Texto")));
     ASSERT_TRUE(nuevaLinea(s, QStringLiteral("NO")));
 
-    EXPECT_FALSE(s.column(QStringLiteral("Tipo"), QStringLiteral("DBGrid2")));
-    EXPECT_EQ(messages_.texts(), QStringList{QStringLiteral("¡No existe la Partida!")});
+    EXPECT_FALSE(columna(s, QStringLiteral("Tipo")));
+    EXPECT_EQ(messages_.texts(), QStringList{kNoPartida});
     EXPECT_EQ(s.form().validaciones, QStringList{QStringLiteral("DBGrid2")});
     EXPECT_EQ(s.form().DBGrid2().SelectedIndex, 1) << "the focus stays on the column left";
     EXPECT_EQ(s.form().Table2().State(), DatasetState::Insert);
@@ -234,134 +259,107 @@ TEST_P(LinesMaster, ALineTheValidatorRefusesStaysPendingOnItsColumnAndIsNotPoste
     messages_.clear();
     s.form().validaciones.clear();
     EXPECT_FALSE(s.click(QStringLiteral("pbConforme")));
-    EXPECT_EQ(messages_.texts(), (QStringList{QStringLiteral("¡No existe la Partida!"),
-                                              QStringLiteral("¡ La línea no ha sido grabada !")}));
+    EXPECT_EQ(messages_.texts(), (QStringList{kNoPartida, kNoGrabada}));
     EXPECT_EQ(s.form().validaciones, QStringList{QStringLiteral("-")}) << "no sender on post";
     EXPECT_EQ(s.form().Table2().State(), DatasetState::Insert);
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA")), QStringLiteral("0"));
+    EXPECT_EQ(filas(QStringLiteral("PRULINEA")), QStringLiteral("0"));
 
-    ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] {
-        s.form().Table2().FieldByName(QStringLiteral("Texto")).SetAsString(QStringLiteral("SÍ"));
-    }));
-    EXPECT_TRUE(s.column(QStringLiteral("Tipo"), QStringLiteral("DBGrid2")));
+    ASSERT_TRUE(poner(s, QStringLiteral("Texto"), QStringLiteral("SÍ")));
+    EXPECT_TRUE(columna(s, QStringLiteral("Tipo")));
     EXPECT_TRUE(s.click(QStringLiteral("pbConforme")));
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT Texto FROM PRULINEA WHERE Numero = 1 AND Linea = 1")),
-              QStringLiteral("SÍ"));
+    EXPECT_EQ(texto(1, 1), QStringLiteral("SÍ"));
 }
 
 TEST_P(LinesMaster, ARefusedLineStopsTheHeaderPostThatCarriesIt) {
-    ScreenTest<PantallaLineas> s(*datos_);
-    ASSERT_TRUE(s.open());
-    s.form().Table1().First();
+    Pantalla s(*datos_);
+    ASSERT_TRUE(abrir(s));
     ASSERT_TRUE(s.edit(QStringLiteral("EditDescripcion"), QStringLiteral("Cambiada")));
     ASSERT_TRUE(nuevaLinea(s, QStringLiteral("NO")));
     EXPECT_FALSE(s.click(QStringLiteral("pbConforme")));
-    EXPECT_EQ(messages_.texts().value(messages_.texts().size() - 1),
-              QStringLiteral("¡ La línea no ha sido grabada !"));
+    EXPECT_EQ(ultimoMensaje(), kNoGrabada);
     EXPECT_EQ(s.form().Table1().State(), DatasetState::Edit);
     EXPECT_EQ(s.form().Table2().State(), DatasetState::Insert);
 
     // The database's refusal cancels the line and still stops the header.
     messages_.clear();
-    ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] {
-        s.form().Table2().FieldByName(QStringLiteral("Texto")).SetAsString(QStringLiteral("MAL"));
-    }));
+    ASSERT_TRUE(poner(s, QStringLiteral("Texto"), QStringLiteral("MAL")));
     EXPECT_FALSE(s.click(QStringLiteral("pbConforme")));
-    EXPECT_EQ(messages_.texts(), QStringList{QStringLiteral(
-                                     "¡ No se puede grabar la línea porque está bloqueada por "
-                                     "otro usuario o porque el dato introducido no es válido !")});
+    EXPECT_EQ(messages_.texts(), QStringList{kNoValida});
     EXPECT_EQ(s.form().Table2().State(), DatasetState::Browse);
     EXPECT_EQ(s.form().Table1().State(), DatasetState::Edit);
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT Descripcion FROM PRUCAB WHERE Numero = 1")),
-              QStringLiteral("Doc 1"));
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA")), QStringLiteral("0"));
+    EXPECT_EQ(descripcion(1), QStringLiteral("Doc 1"));
+    EXPECT_EQ(filas(QStringLiteral("PRULINEA")), QStringLiteral("0"));
     EXPECT_TRUE(s.click(QStringLiteral("pbConforme")));
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT Descripcion FROM PRUCAB WHERE Numero = 1")),
-              QStringLiteral("Cambiada"));
+    EXPECT_EQ(descripcion(1), QStringLiteral("Cambiada"));
 }
 
 TEST_P(LinesMaster, LeavingALineColumnChecksItsPermittedValues) {
-    ScreenTest<PantallaLineas> s(*datos_);
-    ASSERT_TRUE(s.open());
-    s.form().Table1().First();
-    ASSERT_TRUE(s.column(QStringLiteral("Tipo"), QStringLiteral("DBGrid2")));
+    Pantalla s(*datos_);
+    ASSERT_TRUE(abrir(s));
+    ASSERT_TRUE(columna(s, QStringLiteral("Tipo")));
     ASSERT_TRUE(nuevaLinea(s, QStringLiteral("a")));
-    ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] {
-        s.form().Table2().FieldByName(QStringLiteral("Tipo")).SetAsString(QStringLiteral("Otro"));
-    }));
+    ASSERT_TRUE(poner(s, QStringLiteral("Tipo"), QStringLiteral("Otro")));
     const QString aviso =
         QStringLiteral("¡ El valor \"Otro\" de la columna \"Tipo\" no es correcto !");
-    EXPECT_FALSE(s.column(QStringLiteral("Texto"), QStringLiteral("DBGrid2")));
+    EXPECT_FALSE(columna(s, QStringLiteral("Texto")));
     EXPECT_EQ(messages_.texts(), QStringList{aviso});
     EXPECT_FALSE(s.click(QStringLiteral("pbConforme"))) << "the post checks every column";
     EXPECT_EQ(messages_.texts(), (QStringList{aviso, aviso}));
     EXPECT_EQ(s.form().Table2().State(), DatasetState::Insert);
-    ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] {
-        s.form()
-            .Table2()
-            .FieldByName(QStringLiteral("Tipo"))
-            .SetAsString(QStringLiteral("Trabajo"));
-    }));
-    EXPECT_TRUE(s.column(QStringLiteral("Texto"), QStringLiteral("DBGrid2")));
+    ASSERT_TRUE(poner(s, QStringLiteral("Tipo"), QStringLiteral("Trabajo")));
+    EXPECT_TRUE(columna(s, QStringLiteral("Texto")));
     EXPECT_TRUE(s.click(QStringLiteral("pbConforme")));
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT Tipo FROM PRULINEA WHERE Numero = 1")),
+    EXPECT_EQ(ok(QStringLiteral("SELECT Tipo FROM PRULINEA WHERE Numero = 1")).trimmed(),
               QStringLiteral("Trabajo"));
 }
 
 TEST_P(LinesMaster, LeavingTheLineNumberChecksTheLineKeyWithinItsHeader) {
     lineas(1, 2);
-    ScreenTest<PantallaLineas> s(*datos_);
-    ASSERT_TRUE(s.open());
-    s.form().Table1().First();
-    ASSERT_TRUE(s.column(QStringLiteral("Linea"), QStringLiteral("DBGrid2")));
+    Pantalla s(*datos_);
+    ASSERT_TRUE(abrir(s));
+    const QString linea = QStringLiteral("Linea"), siguiente = QStringLiteral("Texto");
+    ASSERT_TRUE(columna(s, linea));
     ASSERT_TRUE(nuevaLinea(s, QStringLiteral("a")));
-    forms::Field &linea = s.form().Table2().FieldByName(QStringLiteral("Linea"));
-    EXPECT_EQ(linea.AsString(), QStringLiteral("3"));
-    auto numero = [&](const QString &n) {
-        return s.form().Rutinas().Ejecutar([&] { linea.SetAsString(n); });
-    };
+    EXPECT_EQ(s.form().Table2().FieldByName(linea).AsString(), QStringLiteral("3"));
 
-    ASSERT_TRUE(numero(QStringLiteral("2")));
-    EXPECT_FALSE(s.column(QStringLiteral("Texto"), QStringLiteral("DBGrid2")));
+    ASSERT_TRUE(poner(s, linea, QStringLiteral("2")));
+    EXPECT_FALSE(columna(s, siguiente));
     EXPECT_EQ(messages_.texts(), QStringList{QStringLiteral("¡ Ya existe el registro !")});
     EXPECT_EQ(s.form().DBGrid2().SelectedIndex, 0);
 
     messages_.clear();
-    ASSERT_TRUE(numero(QStringLiteral("0")));
-    EXPECT_FALSE(s.column(QStringLiteral("Texto"), QStringLiteral("DBGrid2")));
+    ASSERT_TRUE(poner(s, linea, QStringLiteral("0")));
+    EXPECT_FALSE(columna(s, siguiente));
     EXPECT_EQ(messages_.texts(),
               QStringList{QStringLiteral("¡ El valor debe estar entre 1 y 99999999 !")});
 
     messages_.clear();
     s.form().validaciones.clear();
-    ASSERT_TRUE(numero(QStringLiteral("7")));
-    EXPECT_TRUE(s.column(QStringLiteral("Texto"), QStringLiteral("DBGrid2")));
+    ASSERT_TRUE(poner(s, linea, QStringLiteral("7")));
+    EXPECT_TRUE(columna(s, siguiente));
     EXPECT_TRUE(messages_.shown().isEmpty()) << messages_.texts().join(u'|').toStdString();
     EXPECT_EQ(s.form().validaciones, QStringList{QStringLiteral("DBGrid2")})
         << "the lines' validator runs within the key check";
     ASSERT_TRUE(s.click(QStringLiteral("pbConforme")));
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT Texto FROM PRULINEA WHERE Numero = 1 AND Linea = 7")),
-              QStringLiteral("a"));
+    EXPECT_EQ(texto(1, 7), QStringLiteral("a"));
 
     // The same number under another header is no repeat.
     s.form().Table1().Next();
-    ASSERT_TRUE(s.column(QStringLiteral("Linea"), QStringLiteral("DBGrid2")));
+    ASSERT_TRUE(columna(s, linea));
     ASSERT_TRUE(nuevaLinea(s, QStringLiteral("b")));
-    forms::Field &otra = s.form().Table2().FieldByName(QStringLiteral("Linea"));
-    ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] { otra.SetAsString(QStringLiteral("2")); }));
-    EXPECT_TRUE(s.column(QStringLiteral("Texto"), QStringLiteral("DBGrid2")));
+    ASSERT_TRUE(poner(s, linea, QStringLiteral("2")));
+    EXPECT_TRUE(columna(s, siguiente));
 
     // Leaving the number empty drops the new line.
-    ASSERT_TRUE(s.column(QStringLiteral("Linea"), QStringLiteral("DBGrid2")));
-    ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] { otra.SetAsString({}); }));
-    EXPECT_FALSE(s.column(QStringLiteral("Texto"), QStringLiteral("DBGrid2")));
+    ASSERT_TRUE(columna(s, linea));
+    ASSERT_TRUE(poner(s, linea, {}));
+    EXPECT_FALSE(columna(s, siguiente));
     EXPECT_EQ(s.form().Table2().State(), DatasetState::Browse);
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA WHERE Numero = 2")),
-              QStringLiteral("0"));
+    EXPECT_EQ(filas(QStringLiteral("PRULINEA"), 2), QStringLiteral("0"));
 }
 
 TEST_P(LinesMaster, TheProgrammableListingAsksWhetherToListTheLines) {
-    ScreenTest<PantallaLineas> s(*datos_);
+    Pantalla s(*datos_);
     ASSERT_TRUE(s.open());
     QStringList listadas;
     s.form().Rutinas().Ventanas.ListadoProgramable = [&](forms::Dataset &d) {
@@ -402,18 +400,15 @@ TEST_P(LinesMaster, AHeaderTheDatabaseWillNotDeleteKeepsItsLines) {
                           "FOR EACH ROW EXECUTE FUNCTION PRUCAB_Protegido()"));
     }
     lineas(1, 3);
-    ScreenTest<PantallaLineas> s(*datos_);
-    ASSERT_TRUE(s.open());
-    s.form().Table1().First();
+    Pantalla s(*datos_);
+    ASSERT_TRUE(abrir(s));
     messages_.answer(QStringLiteral("SI"));
     EXPECT_FALSE(s.click(QStringLiteral("Eliminar1")));
     EXPECT_EQ(messages_.texts(),
-              (QStringList{
-                  QStringLiteral("¿Está seguro de querer eliminar el registro y todas sus líneas?"),
-                  QStringLiteral("¡ Se ha producido un error eliminando el registro !")}));
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRUCAB")), QStringLiteral("2"));
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA WHERE Numero = 1")),
-              QStringLiteral("3"))
+              (QStringList{kEliminarTodo,
+                           QStringLiteral("¡ Se ha producido un error eliminando el registro !")}));
+    EXPECT_EQ(filas(QStringLiteral("PRUCAB")), QStringLiteral("2"));
+    EXPECT_EQ(filas(QStringLiteral("PRULINEA"), 1), QStringLiteral("3"))
         << "the lines deleted before the failure come back";
     EXPECT_EQ(s.form().Table1().FieldByName(QStringLiteral("Numero")).AsString(),
               QStringLiteral("1"));
@@ -424,7 +419,7 @@ TEST_P(LinesMaster, AHeaderTheDatabaseWillNotDeleteKeepsItsLines) {
     s.form().Table1().Next();
     messages_.answer(QStringLiteral("SI"));
     EXPECT_TRUE(s.click(QStringLiteral("Eliminar1")));
-    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRUCAB")), QStringLiteral("1"));
+    EXPECT_EQ(filas(QStringLiteral("PRUCAB")), QStringLiteral("1"));
 }
 
 TEST_P(LinesMaster, ClosingWithAPendingLineAsksWhetherToCancelIt) {
@@ -432,42 +427,29 @@ TEST_P(LinesMaster, ClosingWithAPendingLineAsksWhetherToCancelIt) {
         QStringLiteral("Hay registros de Documento de Prueba (Table2, )  cuya grabación no ha sido "
                        "confirmada. ¿Desea cancelar la grabación?");
     {
-        ScreenTest<PantallaLineas> s(*datos_);
-        ASSERT_TRUE(s.open());
-        s.form().Table1().First();
+        Pantalla s(*datos_);
+        ASSERT_TRUE(abrir(s));
         ASSERT_TRUE(nuevaLinea(s, QStringLiteral("cancelada")));
         messages_.answer(QStringLiteral("SI"));
         EXPECT_TRUE(s.form().Close());
         EXPECT_EQ(messages_.texts(), QStringList{pregunta});
-        EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRULINEA")), QStringLiteral("0"));
+        EXPECT_EQ(filas(QStringLiteral("PRULINEA")), QStringLiteral("0"));
     }
-    {
-        ScreenTest<PantallaLineas> s(*datos_);
-        ASSERT_TRUE(s.open());
-        s.form().Table1().First();
-        ASSERT_TRUE(nuevaLinea(s, QStringLiteral("NO")));
-        messages_.clear();
-        messages_.answer(QStringLiteral("NO"));
-        EXPECT_FALSE(s.form().Close()) << "a line the validator refuses keeps the form open";
-        EXPECT_EQ(messages_.texts(),
-                  (QStringList{pregunta, QStringLiteral("¡No existe la Partida!"),
-                               QStringLiteral("¡ La línea no ha sido grabada !")}));
-        EXPECT_EQ(s.form().Table2().State(), DatasetState::Insert);
+    Pantalla s(*datos_);
+    ASSERT_TRUE(abrir(s));
+    ASSERT_TRUE(nuevaLinea(s, QStringLiteral("NO")));
+    messages_.clear();
+    messages_.answer(QStringLiteral("NO"));
+    EXPECT_FALSE(s.form().Close()) << "a line the validator refuses keeps the form open";
+    EXPECT_EQ(messages_.texts(), (QStringList{pregunta, kNoPartida, kNoGrabada}));
+    EXPECT_EQ(s.form().Table2().State(), DatasetState::Insert);
 
-        ASSERT_TRUE(s.form().Rutinas().Ejecutar([&] {
-            s.form()
-                .Table2()
-                .FieldByName(QStringLiteral("Texto"))
-                .SetAsString(QStringLiteral("grabada"));
-        }));
-        messages_.clear();
-        messages_.answer(QStringLiteral("NO"));
-        EXPECT_TRUE(s.form().Close());
-        EXPECT_EQ(messages_.texts(), QStringList{pregunta});
-        EXPECT_EQ(
-            cuenta(QStringLiteral("SELECT Texto FROM PRULINEA WHERE Numero = 1 AND Linea = 1")),
-            QStringLiteral("grabada"));
-    }
+    ASSERT_TRUE(poner(s, QStringLiteral("Texto"), QStringLiteral("grabada")));
+    messages_.clear();
+    messages_.answer(QStringLiteral("NO"));
+    EXPECT_TRUE(s.form().Close());
+    EXPECT_EQ(messages_.texts(), QStringList{pregunta});
+    EXPECT_EQ(texto(1, 1), QStringLiteral("grabada"));
 }
 
 // Two sessions on one installation take the same next number; the later post asks.
@@ -494,10 +476,8 @@ TEST_P(LinesMaster, ANumberTakenByAnotherSessionIsReassignedOnYes) {
         ASSERT_TRUE(a.click(QStringLiteral("pbConforme")));
         EXPECT_EQ(messages_.texts(),
                   QStringList{QStringLiteral("¿Desea que se reasigne uno nuevo?")});
-        EXPECT_EQ(cuenta(QStringLiteral("SELECT Descripcion FROM PRUCAB WHERE Numero = 3")),
-                  QStringLiteral("de B"));
-        EXPECT_EQ(cuenta(QStringLiteral("SELECT Descripcion FROM PRUCAB WHERE Numero = 4")),
-                  QStringLiteral("de A"));
+        EXPECT_EQ(descripcion(3), QStringLiteral("de B"));
+        EXPECT_EQ(descripcion(4), QStringLiteral("de A"));
         // On "NO" the post is refused as any repeated key.
         ASSERT_TRUE(a.click(QStringLiteral("pbCancelar")));
         ASSERT_TRUE(a.click(QStringLiteral("Agregar")));
@@ -511,7 +491,7 @@ TEST_P(LinesMaster, ANumberTakenByAnotherSessionIsReassignedOnYes) {
         EXPECT_EQ(messages_.texts(),
                   (QStringList{QStringLiteral("¿Desea que se reasigne uno nuevo?"),
                                QStringLiteral("¡ Este registro ya existe !")}));
-        EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM PRUCAB")), QStringLiteral("5"));
+        EXPECT_EQ(filas(QStringLiteral("PRUCAB")), QStringLiteral("5"));
     }
 }
 
