@@ -318,7 +318,6 @@ void TfGENEBUSQ::Conforme() {
         return;
     }
     guardarOpciones();
-    guardarIndice();
     cerrar(texto);
 }
 
@@ -332,32 +331,29 @@ void TfGENEBUSQ::cerrar(std::optional<QString> resultado) {
     abierta_ = false;
 }
 
+// Options are kept per user unless rights are off; general tables keep none.
 void TfGENEBUSQ::guardarOpciones() {
     if (!opciones_.opcionesPorUsuario || general())
         return;
-    const QString valor = TextoOpcionesTabla(
-        {lista_->Text, Modo(), Find<Component>(QStringLiteral("ResultadosOrdenados"))->Checked,
-         Find<Component>(QStringLiteral("MostrarCamposMemo"))->Checked});
-    QString almacenado;
-    ValorUsuario(datos_, opciones_.usuario, kDatosBusqueda, almacenado);
-    if (EntradaOpciones(almacenado, estado_.tabla) == valor)
-        return;
-    GuardarValorUsuario(datos_, opciones_.usuario, kDatosBusqueda,
-                        ConEntradaOpciones(almacenado, estado_.tabla, valor));
+    guardarEntrada(
+        kDatosBusqueda,
+        TextoOpcionesTabla({lista_->Text, Modo(),
+                            Find<Component>(QStringLiteral("ResultadosOrdenados"))->Checked,
+                            Find<Component>(QStringLiteral("MostrarCamposMemo"))->Checked}));
+    // The index of the field list chosen is offered first next time: 0 for the
+    // primary key, n for `Clave<n>`, -1 for a list that is no index.
+    if (!opciones_.desactivarIndicesPorUsuario)
+        guardarEntrada(kIndicesBusqueda, QString::number(indicesLista_.key(lista_->Text, -1)));
 }
 
-// The index of the field list chosen is offered first next time: 0 for the
-// primary key, n for `Clave<n>`, -1 for a list that is no index.
-void TfGENEBUSQ::guardarIndice() {
-    if (!opciones_.opcionesPorUsuario || opciones_.desactivarIndicesPorUsuario || general())
-        return;
-    const QString indice = QString::number(indicesLista_.key(lista_->Text, -1));
+// The table's entry of a user option, written only when it changed.
+void TfGENEBUSQ::guardarEntrada(const QString &clave, const QString &valor) {
     QString almacenado;
-    ValorUsuario(datos_, opciones_.usuario, kIndicesBusqueda, almacenado);
-    if (EntradaOpciones(almacenado, estado_.tabla) == indice)
+    ValorUsuario(datos_, opciones_.usuario, clave, almacenado);
+    if (EntradaOpciones(almacenado, estado_.tabla) == valor)
         return;
-    GuardarValorUsuario(datos_, opciones_.usuario, kIndicesBusqueda,
-                        ConEntradaOpciones(almacenado, estado_.tabla, indice));
+    GuardarValorUsuario(datos_, opciones_.usuario, clave,
+                        ConEntradaOpciones(almacenado, estado_.tabla, valor));
 }
 
 void TfGENEBUSQ::filtrar(int tipo) {

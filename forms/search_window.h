@@ -122,7 +122,7 @@ private:
     QString columnasBusqueda();
     void quitarFiltros();
     void guardarOpciones();
-    void guardarIndice();
+    void guardarEntrada(const QString &clave, const QString &valor);
     void filtrar(int tipo);
     void cerrar(std::optional<QString> resultado);
     bool general() const;

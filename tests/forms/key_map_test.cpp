@@ -22,6 +22,14 @@ protected:
         if (!texto.isEmpty())
             table_->FieldByName(QStringLiteral("Codigo")).SetAsString(texto);
     }
+    // A form of data edits on `PRUOBRA`, "Edit<field>" for each field given.
+    Table &fichaObra(Form &form, const QStringList &campos) {
+        auto &t = form.Add<Table>(*datos_, QStringLiteral("Table1"), QStringLiteral("PRUOBRA"));
+        auto &ds = form.Add<DataSource>(QStringLiteral("DataSource1"), &t);
+        for (const QString &c : campos)
+            form.Add<DataControl>(ComponentKind::DBEdit, QStringLiteral("Edit") + c, &ds, c);
+        return t;
+    }
 };
 
 TEST(KeystrokeLog, KeepsCharactersAndOneSeparatorAndIsBounded) {
@@ -132,12 +140,9 @@ TEST_P(KeyMap, CtrlF5TogglesDuplicationAndDuplicationCopiesAllButTheKey) {
 
 TEST_P(KeyMap, KeypadPointBecomesCommaOrColonAsTheFieldAsks) {
     Form form(QStringLiteral("fPRUOBRA"));
-    auto &t = form.Add<Table>(*datos_, QStringLiteral("Table1"), QStringLiteral("PRUOBRA"));
-    auto &ds = form.Add<DataSource>(QStringLiteral("DataSource1"), &t);
-    auto &hora = form.Add<DataControl>(ComponentKind::DBEdit, QStringLiteral("EditHoraInicio"), &ds,
-                                       QStringLiteral("HoraInicio"));
-    auto &importe = form.Add<DataControl>(ComponentKind::DBEdit, QStringLiteral("EditImporte"), &ds,
-                                          QStringLiteral("Importe"));
+    Table &t = fichaObra(form, {QStringLiteral("HoraInicio"), QStringLiteral("Importe")});
+    Component &hora = *form.FindComponent(QStringLiteral("EditHoraInicio"));
+    Component &importe = *form.FindComponent(QStringLiteral("EditImporte"));
     t.Open();
     const Tecla punto{Qt::Key_Period, Qt::KeypadModifier};
     const Tecla puntoPrincipal{Qt::Key_Period, Qt::NoModifier};
@@ -162,12 +167,9 @@ TEST_P(KeyMap, KeypadPointBecomesCommaOrColonAsTheFieldAsks) {
 TEST_P(KeyMap, DeclaredSearchFillsItsCodeFieldWithTheElementAsked) {
     ok(QStringLiteral("INSERT INTO PRUOBRA (CodigoObra, Nombre) VALUES ('4', 'Puente')"));
     Form form(QStringLiteral("fPRUOBRA"));
-    auto &t = form.Add<Table>(*datos_, QStringLiteral("Table1"), QStringLiteral("PRUOBRA"));
-    auto &ds = form.Add<DataSource>(QStringLiteral("DataSource1"), &t);
-    auto &nombre = form.Add<DataControl>(ComponentKind::DBEdit, QStringLiteral("EditNombre"), &ds,
-                                         QStringLiteral("Nombre"));
-    auto &importe = form.Add<DataControl>(ComponentKind::DBEdit, QStringLiteral("EditImporte"), &ds,
-                                          QStringLiteral("Importe"));
+    Table &t = fichaObra(form, {QStringLiteral("Nombre"), QStringLiteral("Importe")});
+    Component &nombre = *form.FindComponent(QStringLiteral("EditNombre"));
+    Component &importe = *form.FindComponent(QStringLiteral("EditImporte"));
     form.DeclararBusqueda(t, QStringLiteral("nombre"),
                           {QStringLiteral("PRULINEA"), 1, [&t] {
                                return QStringLiteral("CodigoObra = ") +
