@@ -16,6 +16,7 @@
 #include "core/dictionary_loader.h"
 #include "core/main_menu.h"
 #include "core/rights.h"
+#include "core/sql_text.h"
 #include "core/startup.h"
 #include "core/text_utils.h"
 #include "reports/listing_environment.h"
@@ -24,7 +25,7 @@
 #include <QGuiApplication>
 #include <QDir>
 #include <QFile>
-#include <QTextStream>
+#include <QStringDecoder>
 #include <cstdio>
 #include <optional>
 
@@ -47,6 +48,16 @@ struct Arguments {
 void print(FILE *to, const QString &text) {
     const QByteArray bytes = text.toUtf8();
     std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), to);
+}
+
+// Bytes as text, or nullopt when they are not UTF-8: a byte that would be
+// replaced could change a statement or a key without a word.
+std::optional<QString> textoUtf8(const QByteArray &bytes) {
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QString text = decoder.decode(bytes);
+    if (decoder.hasError())
+        return std::nullopt;
+    return text;
 }
 
 int usage() {
@@ -176,16 +187,29 @@ int sql(const Arguments &a) {
             print(stderr, QStringLiteral("No ha sido posible leer el archivo %1.\n").arg(a.archivo));
             return 1;
         }
-        QTextStream in(&file);
-        while (!in.atEnd()) {
-            const QString line = in.readLine();
-            if (!line.trimmed().isEmpty())
-                statements << line;
+        const std::optional<QString> text = textoUtf8(file.readAll());
+        if (!text) {
+            print(stderr, QStringLiteral("El archivo %1 no es texto UTF-8 válido; no se ha ejecutado nada.\n").arg(a.archivo));
+            return 1;
         }
+        for (const QString &line : text->split(u'\n'))
+            if (!line.trimmed().isEmpty())
+                statements << (line.endsWith(u'\r') ? line.chopped(1) : line);
     } else if (a.positional.size() == 1) {
         statements << a.positional.first();
     } else {
         return usage();
+    }
+    // The statement layer reads rows only for the verbs in upper case.
+    for (const QString &statement : std::as_const(statements)) {
+        const QString verbo = co::VerboSentencia(statement);
+        for (const char *leeFilas : {"SELECT", "EXEC"})
+            if (verbo.compare(QLatin1String(leeFilas), Qt::CaseInsensitive) == 0 && verbo != QLatin1String(leeFilas)) {
+                print(stderr, QStringLiteral("Las sentencias se escriben en mayúsculas: escriba %1 en lugar de %2; "
+                                             "no se ha ejecutado nada.\n")
+                                  .arg(QLatin1String(leeFilas), verbo));
+                return 1;
+            }
     }
     co::cli::CliMessages port;
     const std::unique_ptr<co::Aplicacion> app = entrar(a, port);
@@ -270,6 +294,12 @@ int main(int argc, char **argv) {
     const std::unique_ptr<QCoreApplication> app = listado
                                                       ? std::make_unique<QGuiApplication>(argc, argv)
                                                       : std::make_unique<QCoreApplication>(argc, argv);
+    for (int i = 1; i < argc; ++i)
+        if (!textoUtf8(QByteArray(argv[i]))) {
+            print(stderr, QStringLiteral("El argumento %1 de la orden no es texto UTF-8 válido; no se ha ejecutado nada.\n")
+                              .arg(i));
+            return 1;
+        }
     const std::optional<Arguments> args = parse(app->arguments());
     if (!args)
         return usage();

@@ -5,6 +5,7 @@
 #include "grid_open_bench.h"
 #include "bench_installation.h"
 #include "ratio_reporter.h"
+#include "statement_rewrite_bench.h"
 
 #include <QGuiApplication>
 #include <QSqlQuery>
@@ -167,6 +168,7 @@ int main(int argc, char **argv) {
     reporter.printRatio("Report to PDF, 100,000 rows", "BM_ReportToPdf/100000",
                         "BM_ReportCompose/100000", 20.0);
     co::bench::ImprimirRejillas(reporter);
+    co::bench::ImprimirReescritura(reporter);
     std::printf("\nSearch window from a key value against the raw indexed query (median of 15):\n");
     reporter.printRatio("Search, 100 of 1,000,000 rows, SQLite", "BM_Search_SQLite", "BM_SearchRaw_SQLite", 2.0);
     reporter.printRatio("Search, 100 of 1,000,000 rows, PostgreSQL", "BM_Search_PostgreSQL",

@@ -2,6 +2,7 @@
 
 #include "core/materialised_query.h"
 #include "core/sql_dialect.h"
+#include "core/sql_lexer.h"
 #include "core/statement_trace.h"
 
 #include <QDateTime>
@@ -17,6 +18,9 @@ const QString kNoEsPosible = QStringLiteral("Error. No es posible ejecutar la se
 const QString kErrorLectura = QStringLiteral("Error. ¡Se ha producido un error en la Sentencia SQL!. Motivo: ");
 const QString kErrorLecturaADO = QStringLiteral("Error. Se ha producido un error en la Sentencia SQL!. Motivo: ");
 const QString kHayError = QStringLiteral("Hay un error en la siguiente Sentencia SQL: \r\n");
+// One statement a call: a second one after ";" is refused, never run.
+const QString kVariasSentencias =
+    QStringLiteral("El texto contiene más de una sentencia SQL; ejecute las sentencias de una en una.");
 const QString kConjuntoVacio = QStringLiteral("Conjunto_Vacio");
 
 bool esError(const QString &result) { return result.startsWith(QStringLiteral("Error.")); }
@@ -57,13 +61,18 @@ void TModuloDatos::RegistrarNombres(const QStringList &nombres) {
         nombres_.insert(n.toLower(), n);
 }
 
+void TModuloDatos::RegistrarColumnasFecha(const QStringList &nombres) {
+    for (const QString &n : nombres)
+        fechas_.insert(n.toUpper());
+}
+
 QList<ResultColumn> TModuloDatos::columnsOf(const QSqlQuery &query, const QString &sql) const {
     const QSqlRecord record = query.record();
     QList<ResultColumn> columns;
     columns.reserve(record.count());
     QHash<QString, QString> written;
     if (sesion_.backend() == Backend::PostgreSQL)
-        for (const QString &word : IdentificadoresDeSentencia(sql))
+        for (const QString &word : IdentificadoresDeSentencia(sql, Backend::PostgreSQL))
             written.insert(word.toLower(), word);
     for (int i = 0; i < record.count(); ++i) {
         QString name = record.fieldName(i);
@@ -135,12 +144,21 @@ QString TModuloDatos::run(const QString &sql, const QString &conexion, const QSt
     if (!db)
         return fallo(kNoEsPosible, motivo, kHayError);
 
-    QString texto = NormalizarVacios(sql);
+    const Backend backend = sesion_.backend();
+    if (HayVariasSentencias(sql, backend))
+        return fallo(kNoEsPosible, kVariasSentencias, kHayError);
+    QString texto = NormalizarVacios(sql, backend);
     if (esSelect)
-        texto = ReescribirIgualNull(texto, TieneOpcion(opciones, QStringLiteral("ForzarNULL")));
-    if (verbo == u"CREATE")
-        RegistrarNombres(IdentificadoresDeSentencia(texto));
-    const QString adapted = AdaptarSentencia(texto, sesion_.backend());
+        texto = ReescribirIgualNull(texto, TieneOpcion(opciones, QStringLiteral("ForzarNULL")), backend);
+    if (verbo == u"CREATE") {
+        const QStringList palabras = IdentificadoresDeSentencia(texto, backend);
+        RegistrarNombres(palabras);
+        for (int i = 1; i < palabras.size(); ++i)
+            for (const char *tipo : {"TIMESTAMP", "DATE", "DATETIME"})
+                if (palabras.at(i).compare(QLatin1String(tipo), Qt::CaseInsensitive) == 0)
+                    fechas_.insert(palabras.at(i - 1).toUpper());
+    }
+    const QString adapted = AdaptarSentencia(texto, backend, &fechas_);
 
     QSqlQuery query(*db);
     const bool crear = principal && !TieneOpcion(opciones, QStringLiteral("No Crear Tabla")) && verbo != u"EXEC";
@@ -214,7 +232,9 @@ bool TModuloDatos::openQuery(Consulta &consulta, const QString &opciones, Canal 
     const std::optional<QSqlDatabase> db = sesion_.conexion(conexion, canal, &motivo);
     if (!db)
         return fallo(motivo);
-    const QString adapted = AdaptarSentencia(consulta.SQL, sesion_.backend());
+    if (HayVariasSentencias(consulta.SQL, sesion_.backend()))
+        return fallo(kVariasSentencias);
+    const QString adapted = AdaptarSentencia(consulta.SQL, sesion_.backend(), &fechas_);
     QSqlQuery query(*db);
     QString why;
     if (!execCreating(*db, query, adapted, canal == Canal::Principal ? consulta.SQL : QString(), conexion, &why))

@@ -12,6 +12,7 @@
 #include "core/query.h"
 #include "core/record_view.h"
 #include "core/session.h"
+#include "core/sql_dialect.h"
 #include "core/sql_text.h"
 
 #include <QHash>
@@ -95,6 +96,9 @@ public:
     // Column names in the case of the schema, for back-ends that fold them.
     void RegistrarNombres(const QStringList &nombres);
     QString NombreColumna(const QString &nombre) const { return nombres_.value(nombre.toLower(), nombre); }
+    // Date and date-time columns of the structure files: the dialect step gives
+    // them dates in their stored form.
+    void RegistrarColumnasFecha(const QStringList &nombres);
     // Statements sent to the back-ends so far.
     int SentenciasEjecutadas() const { return statements_; }
 
@@ -116,6 +120,7 @@ private:
     TableCreator *creator_ = nullptr;
     SqlCache metadatos_;
     QHash<QString, QString> nombres_;
+    ColumnasFecha fechas_;
     int statements_ = 0;
 };
 

@@ -1,9 +1,10 @@
 #include "core/sql_text.h"
 
+#include "core/sql_lexer.h"
+
 #include <QDate>
 #include <QDateTime>
 #include <QRegularExpression>
-#include <functional>
 
 namespace co {
 
@@ -28,59 +29,6 @@ QString qtDateFormat(const QString &formato) {
     QString f = formato;
     f.replace(QStringLiteral("mm"), QStringLiteral("MM"));
     return f;
-}
-
-// Walks a statement and offers each position outside its literals to
-// `replace`, which appends its replacement and returns how many characters it
-// consumed (0: none). Literals, with their doubled quotes, are copied as they are.
-QString rewriteOutsideLiterals(const QString &sql, const std::function<int(int, QString &)> &replace) {
-    QString out;
-    out.reserve(sql.size() + 16);
-    bool inQuote = false;
-    const int n = sql.size();
-    for (int i = 0; i < n;) {
-        const QChar c = sql.at(i);
-        if (inQuote) {
-            out += c;
-            if (c == u'\'') {
-                if (i + 1 < n && sql.at(i + 1) == u'\'') {
-                    out += u'\'';
-                    i += 2;
-                    continue;
-                }
-                inQuote = false;
-            }
-            ++i;
-            continue;
-        }
-        if (const int used = replace(i, out)) {
-            i += used;
-            continue;
-        }
-        if (c == u'\'')
-            inQuote = true;
-        out += c;
-        ++i;
-    }
-    return out;
-}
-
-// Marks " = ''" and " <> ''" where '' is a whole empty literal in the code, never
-// inside a literal nor at the start of one that holds a quote.
-QString markEmptyComparisons(const QString &sql) {
-    static const QString eq = QStringLiteral(" = ''"), ne = QStringLiteral(" <> ''");
-    const int n = sql.size();
-    return rewriteOutsideLiterals(sql, [&](int i, QString &out) {
-        for (const auto &[from, to] :
-             {std::pair{eq, QStringLiteral(" = $$")}, std::pair{ne, QStringLiteral(" <> $$")}}) {
-            const int end = i + from.size();
-            if (QStringView(sql).mid(i).startsWith(from) && (end >= n || sql.at(end) != u'\'')) {
-                out += to;
-                return static_cast<int>(from.size());
-            }
-        }
-        return 0;
-    });
 }
 
 } // namespace
@@ -113,70 +61,84 @@ std::optional<QString> ValorOpcion(const QString &opciones, const QString &nombr
     return opciones.mid(start, end < 0 ? -1 : end - start);
 }
 
-QString NormalizarVacios(const QString &sql) {
-    static const QString eq = QStringLiteral(" = ''"), ne = QStringLiteral(" <> ''");
-    static const QString eqMark = QStringLiteral(" = $$"), neMark = QStringLiteral(" <> $$");
-    if (!sql.contains(eq) && !sql.contains(ne))
-        return sql;
-    const QString marked = markEmptyComparisons(sql);
-    const int where = marked.toUpper().indexOf(QStringLiteral("WHERE"));
-    QString text = marked;
-    // Without WHERE every mark is an assignment or a value: nothing to rewrite.
-    bool changed = where >= 0;
-    while (changed) {
-        changed = false;
-        for (const auto &[mark, form] :
-             {std::pair{eqMark, QStringLiteral("(%1 = '' OR %1 IS NULL)")},
-              std::pair{neMark, QStringLiteral("(%1 <> '' AND %1 IS NOT NULL)")}}) {
-            const int pos = text.indexOf(mark, where);
-            if (pos < 0)
-                continue;
-            int start = pos;
-            while (start > 0) {
-                const QChar c = text.at(start - 1);
-                if (c == u' ' || c == u'(' || c == u')' || c == u'\n' || c == u'\r')
-                    break;
-                --start;
-            }
-            const QString name = text.mid(start, pos - start);
-            if (name.isEmpty()) {
-                text = marked;
-                changed = false;
-                break;
-            }
-            text.replace(start, pos + mark.size() - start, form.arg(name));
-            changed = true;
-        }
-    }
-    text.replace(eqMark, eq).replace(neMark, ne);
-    return text;
+namespace {
+
+bool isNameDelimiter(QChar c) {
+    return c == u' ' || c == u'(' || c == u')' || c == u'\n' || c == u'\r' || c == u'\t';
 }
 
-QString ReescribirIgualNull(const QString &sql, bool forzar) {
+// Whether `out` ends with " = " or " <> " after a name that lies after `floor`:
+// `op` and `start` then tell which and where the name starts.
+bool comparisonBefore(const QString &out, int floor, QString *op, int *start) {
+    for (const QString &o : {QStringLiteral(" = "), QStringLiteral(" <> ")}) {
+        if (!out.endsWith(o))
+            continue;
+        const int end = static_cast<int>(out.size() - o.size());
+        int s = end;
+        while (s > floor && !isNameDelimiter(out.at(s - 1)))
+            --s;
+        if (s == end)
+            return false;
+        *op = o;
+        *start = s;
+        return true;
+    }
+    return false;
+}
+
+} // namespace
+
+QString NormalizarVacios(const QString &sql, Backend backend) {
+    if (!sql.contains(QStringLiteral(" = ''")) && !sql.contains(QStringLiteral(" <> ''")))
+        return sql;
+    static const QRegularExpression where(QStringLiteral("\\bWHERE\\b"), QRegularExpression::CaseInsensitiveOption);
+    QString out;
+    out.reserve(sql.size() + 64);
+    int floor = 0; // a name never reaches back past a literal, name or comment
+    bool afterWhere = false;
+    for (const TrozoSQL &p : TrocearSentencia(sql, backend)) {
+        if (p.tipo == TipoTrozo::Codigo) {
+            afterWhere = afterWhere || p.texto.contains(where);
+            out += p.texto;
+            continue;
+        }
+        QString op;
+        int start = 0;
+        if (afterWhere && p.esLiteralVacio() && comparisonBefore(out, floor, &op, &start)) {
+            const QString name = out.mid(start, out.size() - op.size() - start);
+            out.truncate(start);
+            out += (op == u" = " ? QStringLiteral("(%1 = '' OR %1 IS NULL)") : QStringLiteral("(%1 <> '' AND %1 IS NOT NULL)"))
+                       .arg(name);
+            continue;
+        }
+        out += p.texto;
+        floor = static_cast<int>(out.size());
+    }
+    return out;
+}
+
+QString ReescribirIgualNull(const QString &sql, bool forzar, Backend backend) {
     if (!sql.contains(QStringLiteral("NULL")) &&
         !(forzar && (sql.contains(QStringLiteral("''")) || sql.contains(QStringLiteral("\"\"")))))
         return sql;
-    struct Rule {
-        QString from;
-        bool needsWordEnd;
-    };
-    QList<Rule> rules = {{QStringLiteral("=NULL"), true}, {QStringLiteral("= NULL"), true}};
-    if (forzar)
-        rules += {{QStringLiteral(" = ''"), false}, {QStringLiteral(" = \"\""), false}};
-    return rewriteOutsideLiterals(sql, [&](int i, QString &out) {
-        for (const Rule &r : rules) {
-            if (!QStringView(sql).mid(i).startsWith(r.from))
-                continue;
-            const int end = i + r.from.size();
-            if (r.needsWordEnd && end < sql.size() && isIdentChar(sql.at(end)))
-                continue;
-            if (!r.needsWordEnd && r.from.endsWith(u'\'') && end < sql.size() && sql.at(end) == u'\'')
-                continue; // "= '''x'" is a literal starting with a quote, not an empty one
-            out += QStringLiteral(" IS NULL ");
-            return static_cast<int>(r.from.size());
+    static const QRegularExpression equalNull(QStringLiteral("= ?NULL(?![\\w])"));
+    QString out;
+    out.reserve(sql.size() + 16);
+    for (const TrozoSQL &p : TrocearSentencia(sql, backend)) {
+        if (p.tipo == TipoTrozo::Codigo) {
+            out += p.texto.contains(QStringLiteral("NULL")) ? QString(p.texto).replace(equalNull, QStringLiteral(" IS NULL "))
+                                                            : p.texto;
+            continue;
         }
-        return 0;
-    });
+        const bool empty = p.esLiteralVacio() || (p.tipo == TipoTrozo::Nombre && p.texto == u"\"\"");
+        if (forzar && empty && out.endsWith(QStringLiteral(" = "))) {
+            out.chop(3);
+            out += QStringLiteral(" IS NULL ");
+            continue;
+        }
+        out += p.texto;
+    }
+    return out;
 }
 
 QString Entrecomillar(const QString &texto) {

@@ -3,6 +3,8 @@
 // the empty-value rewriting, literals and range conditions.
 // None of them touches a connection.
 
+#include "core/backend.h"
+
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -24,12 +26,13 @@ bool TieneOpcion(const QString &opciones, const QString &palabra);
 // Value of a "Name=value" option among comma-separated options, up to the next comma.
 std::optional<QString> ValorOpcion(const QString &opciones, const QString &nombre);
 
-// Rewrites comparisons with '' after WHERE so that NULL compares alike.
-QString NormalizarVacios(const QString &sql);
+// Rewrites comparisons " = ''" and " <> ''" after WHERE so that NULL compares
+// alike. Quoted text is never rewritten; the work is linear in the statement.
+QString NormalizarVacios(const QString &sql, Backend backend = Backend::SQLite);
 
 // "= NULL" and "=NULL" outside literals become " IS NULL "; with `forzar` also
 // " = ''" and " = \"\"".
-QString ReescribirIgualNull(const QString &sql, bool forzar);
+QString ReescribirIgualNull(const QString &sql, bool forzar, Backend backend = Backend::SQLite);
 
 // Single-quoted literal with quote marks doubled.
 QString Entrecomillar(const QString &texto);

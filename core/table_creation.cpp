@@ -63,13 +63,16 @@ void CreadorTablas::RegistrarNombresEstructura() {
     QString texto;
     if (!Estructuras(&texto))
         return;
-    QStringList nombres;
+    QStringList nombres, fechas;
     for (const QString &linea : LineasDefinicion(texto)) {
         const LineaDefinicion l = LeerLineaDefinicion(linea);
         if (l.esCampo() && !l.nombre.isEmpty())
             nombres << l.nombre;
+        if (l.esCampo() && (l.tipo == u"ftDate" || l.tipo == u"ftDateTime"))
+            fechas << l.nombre;
     }
     datos_.RegistrarNombres(nombres);
+    datos_.RegistrarColumnasFecha(fechas);
 }
 
 QString CreadorTablas::conexionDe(const QString &tabla, const QString &conexion,
@@ -236,6 +239,9 @@ bool CreadorTablas::crearEnBaseDatos(const EstructuraTabla &tabla, const QString
     if (temporal)
         datos_.EjecutarSQL(QStringLiteral("DROP TABLE ") + tabla.nombre, conexion, kSinCrear);
     datos_.RegistrarNombres(tabla.nombres() << tabla.nombre);
+    for (const CampoTabla &c : tabla.campos)
+        if (c.tipo == TipoCampo::ftDate || c.tipo == TipoCampo::ftDateTime)
+            datos_.RegistrarColumnasFecha({c.nombre});
     const QString r = datos_.EjecutarSQL(s.crear, conexion, kSinCrear);
     if (esError(r)) {
         // Another process may have made it meanwhile: then it is there to use.

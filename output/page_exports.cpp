@@ -69,11 +69,12 @@ bool RowExportSink::finish(QString *motivo) {
         return true;
     endDocument(*out_);
     out_->flush();
-    const bool ok = out_->status() == QTextStream::Ok && file_.error() == QFileDevice::NoError;
-    if (!ok)
-        *motivo = file_.errorString();
+    bool ok = out_->status() == QTextStream::Ok && file_.error() == QFileDevice::NoError && file_.flush();
     out_.reset();
     file_.close();
+    ok = ok && file_.error() == QFileDevice::NoError;
+    if (!ok)
+        *motivo = file_.errorString();
     return ok;
 }
 

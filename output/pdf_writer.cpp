@@ -144,10 +144,14 @@ bool PdfPageSink::finish(QString *motivo) {
     painter_->end();
     painter_.reset();
     writer_.reset();
-    const bool ok = file_.error() == QFileDevice::NoError;
-    if (!ok)
-        *motivo = file_.errorString();
+    // A full disk shows only when the buffered bytes go out: flush, close and
+    // check the device each time.
+    bool ok = file_.error() == QFileDevice::NoError && file_.flush();
     file_.close();
+    ok = ok && file_.error() == QFileDevice::NoError;
+    if (!ok)
+        *motivo = file_.errorString().isEmpty() ? QStringLiteral("No se puede escribir en ") + ruta_
+                                                : file_.errorString();
     return ok;
 }
 

@@ -102,6 +102,15 @@ TEST_P(CliRateListing, NoRatesSaysSoAndAnUnwritablePathGivesTheCreatorsFailure) 
         << malo.err.toStdString();
 }
 
+TEST_P(CliRateListing, AFullDeviceIsAFailureNotASuccess) {
+    sql(QStringLiteral("INSERT INTO LTARFMAQ (Codigo, CodigoUnidad, Descripcion, PrecioCosto, "
+                       "PrecioVenta) VALUES ('2', 'DIA', 'Día', '1', '2')"));
+    const Salida lleno = listado(QStringLiteral("/dev/full"));
+    EXPECT_NE(lleno.status, 0);
+    EXPECT_TRUE(lleno.err.contains(QStringLiteral("Se ha producido un error al generar el archivo PDF. Motivo: ")))
+        << lleno.err.toStdString();
+}
+
 INSTANTIATE_TEST_SUITE_P(Backends, CliRateListing,
                          ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
                          test::backendName);

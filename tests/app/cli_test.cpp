@@ -3,6 +3,7 @@
 #include "support/layer_fixture.h"
 #include "support/test_postgres.h"
 
+#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -74,6 +75,31 @@ TEST_P(CommandLine, MissingTablesAreMadeFromTheStructureFile) {
     EXPECT_EQ(sql({QStringLiteral("SELECT COUNT(*) FROM OBRA")}).out, QStringLiteral("0"));
     EXPECT_EQ(sql({QStringLiteral("INSERT INTO OBRA (Codigo, Descripcion) VALUES ('7', 'Nave')")}).status, 0);
     EXPECT_EQ(sql({QStringLiteral("SELECT Codigo, Descripcion, Situacion FROM OBRA")}).out, QStringLiteral("7|Nave|"));
+}
+
+TEST_P(CommandLine, StatementsThatCannotBeTakenAsWrittenAreRefusedUnrun) {
+    ASSERT_EQ(sql({QStringLiteral("INSERT INTO OBRA (Codigo, Descripcion) VALUES ('7', 'Nave')")}).status, 0);
+    // A lower-case verb reads no rows: it is named, not run silently.
+    const CliRun lower = sql({QStringLiteral("select Codigo FROM OBRA")});
+    EXPECT_EQ(lower.status, 1);
+    EXPECT_TRUE(lower.err.contains(QStringLiteral("escriba SELECT en lugar de select"))) << lower.err.toStdString();
+    // Bytes that are not UTF-8, in an argument or in a file of statements.
+    QProcess shell;
+    shell.start(QStringLiteral("bash"),
+                {QStringLiteral("-c"),
+                 QStringLiteral("\"$0\" sql --dir \"$1\" \"$(printf \"UPDATE OBRA SET Descripcion = 'N\\xe1ve'\")\""),
+                 QStringLiteral(CO_CLI_PATH), dir_.path()});
+    ASSERT_TRUE(shell.waitForFinished(120000));
+    EXPECT_EQ(shell.exitCode(), 1);
+    EXPECT_TRUE(QString::fromUtf8(shell.readAllStandardError()).contains(QStringLiteral("no es texto UTF-8 válido")));
+    QFile archivo(dir_.filePath(QStringLiteral("sentencias.sql")));
+    ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
+    archivo.write("UPDATE OBRA SET Descripcion = 'N\xe1ve'\n");
+    archivo.close();
+    const CliRun file = sql({QStringLiteral("--archivo"), archivo.fileName()});
+    EXPECT_EQ(file.status, 1);
+    EXPECT_TRUE(file.err.contains(QStringLiteral("no es texto UTF-8 válido"))) << file.err.toStdString();
+    EXPECT_EQ(sql({QStringLiteral("SELECT Descripcion FROM OBRA")}).out, QStringLiteral("Nave"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Backends, CommandLine, ::testing::Values(Backend::SQLite, Backend::PostgreSQL), test::backendName);

@@ -30,6 +30,8 @@ TEST(Dialect, ServerFormsGo) {
 }
 
 TEST(Dialect, SQLiteMidnightLiteralsAreStoredDates) {
+    const ColumnasFecha fechas = {QStringLiteral("F")};
+    auto sqlite = [&](const char *sql) { return AdaptarSentencia(QString::fromUtf8(sql), Backend::SQLite, &fechas); };
     EXPECT_EQ(sqlite("SELECT * FROM T WHERE F = '2026-01-05 00:00:00'"), QStringLiteral("SELECT * FROM T WHERE F = '2026-01-05'"));
     EXPECT_EQ(sqlite("SELECT * FROM T WHERE F = '2026-01-05 10:00:00'"), QStringLiteral("SELECT * FROM T WHERE F = '2026-01-05 10:00:00'"));
 }
