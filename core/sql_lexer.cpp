@@ -1,5 +1,8 @@
 #include "core/sql_lexer.h"
 
+#include <QRegularExpression>
+#include <algorithm>
+
 namespace co {
 namespace {
 
@@ -152,22 +155,31 @@ QStringList LiteralesDeSentencia(const QString &sql, Backend backend) {
 }
 
 bool HayVariasSentencias(const QString &sql, Backend backend) {
-    bool afterSemicolon = false;
+    // Code with every other piece blanked: only code can end a statement.
+    QString code;
+    code.reserve(sql.size());
     for (const TrozoSQL &t : TrocearSentencia(sql, backend)) {
-        if (t.tipo == TipoTrozo::Comentario)
-            continue;
-        if (t.tipo != TipoTrozo::Codigo) {
-            if (afterSemicolon)
-                return true;
-            continue;
-        }
-        for (const QChar c : t.texto) {
-            if (c == u';')
-                afterSemicolon = true;
-            else if (afterSemicolon && !c.isSpace())
-                return true;
-        }
+        if (t.tipo == TipoTrozo::Codigo)
+            code += t.texto;
+        else
+            code += t.tipo == TipoTrozo::Comentario ? QString(t.texto.size(), u' ')
+                                                    : QString(t.texto.size(), u'x');
     }
+    // A trigger's body holds its own statements, up to its last END.
+    static const QRegularExpression trigger(
+        QStringLiteral("^\\s*CREATE\\s+(TEMP\\w*\\s+)?TRIGGER\\b"),
+        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression end(QStringLiteral("\\bEND\\b"),
+                                        QRegularExpression::CaseInsensitiveOption);
+    qsizetype from = 0;
+    if (trigger.match(code).hasMatch())
+        from = std::max<qsizetype>(0, code.lastIndexOf(end));
+    const qsizetype semicolon = code.indexOf(u';', from);
+    if (semicolon < 0)
+        return false;
+    for (qsizetype i = semicolon + 1; i < code.size(); ++i)
+        if (!code.at(i).isSpace() && code.at(i) != u';')
+            return true;
     return false;
 }
 

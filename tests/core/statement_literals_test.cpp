@@ -124,6 +124,13 @@ TEST(SqlLexer, PiecesJoinBackAndKnowEachBackEnd) {
     EXPECT_TRUE(HayVariasSentencias(QStringLiteral("SELECT 1;'x'"), Backend::PostgreSQL));
     EXPECT_FALSE(
         HayVariasSentencias(QStringLiteral("SELECT ';' ; -- x; y\n"), Backend::PostgreSQL));
+    // A trigger's body holds statements of its own.
+    EXPECT_FALSE(HayVariasSentencias(
+        QStringLiteral("CREATE TRIGGER P BEFORE DELETE ON T BEGIN SELECT RAISE(ABORT, 'x'); END;"),
+        Backend::SQLite));
+    EXPECT_TRUE(HayVariasSentencias(
+        QStringLiteral("CREATE TRIGGER P BEFORE DELETE ON T BEGIN SELECT 1; END; DROP TABLE T"),
+        Backend::SQLite));
 }
 
 TEST(Dialect, MidnightGoesOnlyToDateColumns) {
