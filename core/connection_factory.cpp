@@ -90,16 +90,12 @@ bool prepareSQLite(QSqlDatabase &db, const InstallationSettings &settings,
         sqlite3_create_function(raw, "COINCIDEPATRON", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
                                 matchesPattern, nullptr, nullptr);
     }
-    if (!target.general) {
-        // ATTACH would make an empty general file where none is.
-        if (!QFileInfo::exists(generalFile(settings)))
-            return fail(motivo, missingGeneral(settings));
+    if (!target.general)
         return run(db,
                    QStringLiteral("ATTACH DATABASE %1 AS %2")
                        .arg(Entrecomillar(generalFile(settings)),
                             NombreDatosSQL(settings.AliasBaseDatosGeneral)),
                    motivo);
-    }
     return true;
 }
 
@@ -206,6 +202,10 @@ bool checkTarget(Backend backend, const InstallationSettings &settings,
                fail(motivo, QStringLiteral("El nombre de datos \"%1\" no es válido: %2.")
                                 .arg(target.alias, problem));
     }
+    // A company connection attaches the general file: without it, no company file
+    // is made either.
+    if (!target.general && !QFileInfo::exists(generalFile(settings)))
+        return fail(motivo, missingGeneral(settings));
     const QString file = target.general ? generalFile(settings) : companyFile(target.alias);
     if (QFileInfo::exists(file))
         return true;

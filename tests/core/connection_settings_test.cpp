@@ -70,6 +70,22 @@ TEST_P(ConnectionSettings, ACompanyChosenByItsCodeIsMadeOnFirstUse) {
     ASSERT_TRUE(sesion_->ConectarEmpresaAlt(-1, alias, &motivo)) << motivo.toStdString();
 }
 
+TEST_P(ConnectionSettings, NoCompanyIsMadeWithoutTheGeneralData) {
+    QTemporaryDir folder;
+    InstallationSettings s = settings_;
+    s.PathBaseDatosGeneral = folder.path();
+    s.AliasBaseDatosGeneral += QStringLiteral("_otro");
+    const auto other = session(s);
+    QString motivo;
+    EXPECT_FALSE(other->ConectarEmpresa(3, &motivo));
+    EXPECT_TRUE(motivo.contains(pg() ? QStringLiteral("AliasBaseDatosGeneral")
+                                     : QStringLiteral("PathBaseDatosGeneral")))
+        << motivo.toStdString();
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+    EXPECT_FALSE(
+        dataExist(pg() ? other->NombreAliasEmpresa(3) : companyFile(other->NombreAliasEmpresa(3))));
+}
+
 TEST_P(ConnectionSettings, AStatementInAnAliasNeverReachesTheServer) {
     const QString hostile =
         QStringLiteral("x; DROP SCHEMA %1 CASCADE; --").arg(settings_.AliasBaseDatosGeneral);
