@@ -141,20 +141,23 @@ int init(const Arguments &a) {
     if (!a.servidor.isEmpty())
         settings.ServidorBaseDatos = a.servidor;
     QString motivo;
-    if (!co::backendFromName(settings.TipoBaseDatos, &motivo)) {
+    // Nothing is written for settings that could not be used.
+    if (!co::backendFromName(settings.TipoBaseDatos, &motivo) ||
+        !co::ValidarInstalacion(settings, &motivo)) {
         print(stderr, motivo + u'\n');
         return 1;
     }
     // A relative folder keeps the installation movable.
     if (QDir(settings.PathBaseDatosGeneral) == QDir(a.dir))
         settings.PathBaseDatosGeneral = QStringLiteral(".");
-    if (!co::EscribirInstalacion(a.dir, settings)) {
-        print(stderr, QStringLiteral("No ha sido posible escribir el archivo %1.\n")
-                          .arg(QDir(a.dir).filePath(QLatin1String(co::kArchivoInstalacion))));
+    if (!co::EscribirInstalacion(a.dir, settings, &motivo)) {
+        print(stderr, motivo + u'\n');
         return 1;
     }
     co::cli::CliMessages port;
-    co::Aplicacion app(opcionesDe(a), &port);
+    co::OpcionesArranque o = opcionesDe(a);
+    o.crearInstalacion = true;
+    co::Aplicacion app(o, &port);
     return app.Iniciar() ? 0 : 1;
 }
 

@@ -1,5 +1,7 @@
 #include "bench_installation.h"
 
+#include "core/connection_factory.h"
+
 #include <cstdio>
 #include <cstdlib>
 #include <map>
@@ -24,6 +26,11 @@ std::optional<InstallationSettings> AjustesBanco(Backend backend, const QString 
             return std::nullopt;
         s.TipoBaseDatos = QStringLiteral("PostgreSQL");
         s.ServidorBaseDatos = QString::fromLocal8Bit(pg);
+    }
+    QString motivo;
+    if (!CrearInstalacion(s, &motivo)) {
+        std::fprintf(stderr, "%s\n", qPrintable(motivo));
+        return std::nullopt;
     }
     return s;
 }

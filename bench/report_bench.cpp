@@ -125,8 +125,10 @@ std::unique_ptr<Instalacion> instalacion(qint64 count) {
     s.PathBaseDatosGeneral = inst->dir.path();
     s.AliasBaseDatosGeneral = QStringLiteral("benchrepgeneral");
     s.AliasBaseDatos = QStringLiteral("benchrepempresa");
-    inst->sesion = std::make_unique<TfGENEINIC>(s, &inst->messages);
     QString motivo;
+    if (!CrearInstalacion(s, &motivo))
+        return nullptr;
+    inst->sesion = std::make_unique<TfGENEINIC>(s, &inst->messages);
     if (!inst->sesion->Conectar(&motivo))
         return nullptr;
     inst->sesion->CodigoUsuario = QStringLiteral("BENCH");

@@ -1,5 +1,8 @@
 #include "core/connection_factory.h"
 
+#include "core/folder_creation.h"
+#include "core/server_probe.h"
+#include "core/sql_identifier.h"
 #include "core/sql_text.h"
 
 #include <QDir>
@@ -8,11 +11,25 @@
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QUuid>
 #include <QVariant>
 #include <sqlite3.h>
 
 namespace co {
 namespace {
+
+bool fail(QString *motivo, const QString &texto) {
+    if (motivo)
+        *motivo = texto;
+    return false;
+}
+
+QString missingGeneral(const InstallationSettings &settings) {
+    return QStringLiteral("No existe la base de datos general de la instalación (%1) en la "
+                          "carpeta indicada por PathBaseDatosGeneral: %2. Una instalación "
+                          "nueva se crea con \"control-obras-cli init\".")
+        .arg(QFileInfo(generalFile(settings)).fileName(), settings.PathBaseDatosGeneral);
+}
 
 bool run(QSqlDatabase &db, const QString &sql, QString *motivo) {
     QSqlQuery q(db);
@@ -76,17 +93,16 @@ bool prepareSQLite(QSqlDatabase &db, const InstallationSettings &settings,
     if (!target.general)
         return run(db,
                    QStringLiteral("ATTACH DATABASE %1 AS %2")
-                       .arg(Entrecomillar(generalFile(settings)), settings.AliasBaseDatosGeneral),
+                       .arg(Entrecomillar(generalFile(settings)),
+                            NombreDatosSQL(settings.AliasBaseDatosGeneral)),
                    motivo);
     return true;
 }
 
-void applyConnInfo(QSqlDatabase &db, const QString &connInfo) {
+void applyConnInfo(QSqlDatabase &db, const QStringList &words) {
     QStringList options;
-    for (const QString &word : connInfo.split(u' ', Qt::SkipEmptyParts)) {
+    for (const QString &word : words) {
         const int eq = word.indexOf(u'=');
-        if (eq <= 0)
-            continue;
         const QString key = word.left(eq), value = word.mid(eq + 1);
         if (key == u"host")
             db.setHostName(value);
@@ -98,9 +114,12 @@ void applyConnInfo(QSqlDatabase &db, const QString &connInfo) {
             db.setUserName(value);
         else if (key == u"password")
             db.setPassword(value);
-        else
+        else if (key != u"connect_timeout")
             options << word;
     }
+    // Without a limit (or with 0) libpq waits for ever on a server that takes the
+    // connection and never answers.
+    options << QStringLiteral("connect_timeout=%1").arg(EsperaServidor(words));
     db.setConnectOptions(options.join(u';'));
 }
 
@@ -110,18 +129,30 @@ bool schemaExists(QSqlDatabase &db, const QString &schema) {
     return q.next();
 }
 
-bool ensureSchema(QSqlDatabase &db, const QString &schema, QString *motivo) {
+// Makes `schema` when missing and `crear` allows it; else missing is a failure
+// told by `missing`.
+bool ensureSchema(QSqlDatabase &db, const QString &schema, bool crear, const QString &missing,
+                  QString *motivo) {
     if (schemaExists(db, schema))
         return true;
+    if (!crear)
+        return fail(motivo, missing);
     // Two processes may make it at once: the loser finds it made.
-    return run(db, QStringLiteral("CREATE SCHEMA IF NOT EXISTS %1").arg(schema), motivo) ||
+    return run(db, QStringLiteral("CREATE SCHEMA IF NOT EXISTS %1").arg(NombreDatosSQL(schema)),
+               motivo) ||
            schemaExists(db, schema);
 }
 
 bool preparePostgreSQL(QSqlDatabase &db, const InstallationSettings &settings,
                        const ConnectionTarget &target, QString *motivo) {
     const QString general = settings.AliasBaseDatosGeneral.toLower();
-    if (!ensureSchema(db, general, motivo))
+    const QString generalSQL = NombreDatosSQL(general);
+    const QString noGeneral =
+        QStringLiteral("No existe el esquema \"%1\" indicado por AliasBaseDatosGeneral en el "
+                       "servidor de PostgreSQL (%2). Una instalación nueva se crea con "
+                       "\"control-obras-cli init\".")
+            .arg(general, DescripcionServidor(PalabrasServidor(settings.ServidorBaseDatos)));
+    if (!ensureSchema(db, general, target.general && target.crear, noGeneral, motivo))
         return false;
     QSqlQuery q(db);
     q.exec(QStringLiteral("SELECT 1 FROM pg_proc p JOIN pg_namespace n ON n.oid = p.pronamespace "
@@ -133,21 +164,22 @@ bool preparePostgreSQL(QSqlDatabase &db, const InstallationSettings &settings,
             QStringLiteral("CREATE OR REPLACE FUNCTION %1.isnumeric(anyelement) RETURNS integer "
                            "LANGUAGE sql IMMUTABLE AS $$ SELECT CASE WHEN trim($1::text) ~ "
                            "'^[-+]?([0-9]+([.][0-9]*)?|[.][0-9]+)$' THEN 1 ELSE 0 END $$")
-                .arg(general),
+                .arg(generalSQL),
             nullptr);
         run(db,
             QStringLiteral("CREATE OR REPLACE FUNCTION %1.coincidepatron(anyelement, text) RETURNS "
                            "integer LANGUAGE sql IMMUTABLE AS $$ SELECT CASE WHEN $1::text ~* $2 "
                            "THEN 1 ELSE 0 END $$")
-                .arg(general),
+                .arg(generalSQL),
             nullptr);
     }
-    QString path = general;
+    QString path = generalSQL;
     if (!target.general) {
         const QString company = target.alias.toLower();
-        if (!ensureSchema(db, company, motivo))
+        if (!ensureSchema(db, company, target.crear,
+                          QStringLiteral("No existen los datos \"%1\".").arg(target.alias), motivo))
             return false;
-        path = company + QStringLiteral(", ") + general;
+        path = NombreDatosSQL(company) + QStringLiteral(", ") + generalSQL;
     }
     return run(db, QStringLiteral("SET search_path TO %1").arg(path), motivo) &&
            run(db,
@@ -156,6 +188,32 @@ bool preparePostgreSQL(QSqlDatabase &db, const InstallationSettings &settings,
                motivo) &&
            run(db, QStringLiteral("SET client_min_messages TO WARNING"), motivo) &&
            run(db, QStringLiteral("SET lock_timeout TO %1").arg(target.lockWaitMs), motivo);
+}
+
+// What must hold before a connection is tried: names fit for statements, and
+// on SQLite the data file, unless it may be made.
+bool checkTarget(Backend backend, const InstallationSettings &settings,
+                 const ConnectionTarget &target, QString *motivo) {
+    if (!ValidarInstalacion(settings, motivo))
+        return false;
+    if (backend == Backend::PostgreSQL) {
+        const QString problem = target.general ? QString() : ProblemaNombreDatos(target.alias);
+        return problem.isEmpty() ||
+               fail(motivo, QStringLiteral("El nombre de datos \"%1\" no es válido: %2.")
+                                .arg(target.alias, problem));
+    }
+    // A company connection attaches the general file: without it, no company file
+    // is made either.
+    if (!target.general && !QFileInfo::exists(generalFile(settings)))
+        return fail(motivo, missingGeneral(settings));
+    const QString file = target.general ? generalFile(settings) : companyFile(target.alias);
+    if (QFileInfo::exists(file))
+        return true;
+    if (!target.crear)
+        return fail(motivo, target.general
+                                ? missingGeneral(settings)
+                                : QStringLiteral("No existen los datos \"%1\".").arg(target.alias));
+    return CrearCarpeta(QFileInfo(file).absolutePath(), motivo);
 }
 
 } // namespace
@@ -171,16 +229,21 @@ QString companyFile(const QString &companyFolder) {
 QSqlDatabase openConnection(const QString &connectionName, Backend backend,
                             const InstallationSettings &settings, const ConnectionTarget &target,
                             QString *motivo) {
+    if (!checkTarget(backend, settings, target, motivo))
+        return QSqlDatabase();
+    const QStringList words = PalabrasServidor(settings.ServidorBaseDatos);
+    // The general data are the first a session opens: the server proves it answers.
+    if (backend == Backend::PostgreSQL && target.general &&
+        !ProbarServidorPostgreSQL(words, EsperaServidor(words), motivo))
+        return QSqlDatabase();
     QSqlDatabase db = QSqlDatabase::addDatabase(traitsOf(backend).qtDriver, connectionName);
     bool ok = false;
     if (backend == Backend::SQLite) {
-        const QString file = target.general ? generalFile(settings) : companyFile(target.alias);
-        QDir().mkpath(QFileInfo(file).absolutePath());
-        db.setDatabaseName(file);
+        db.setDatabaseName(target.general ? generalFile(settings) : companyFile(target.alias));
         db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(target.lockWaitMs));
         ok = db.open() && prepareSQLite(db, settings, target, motivo);
     } else {
-        applyConnInfo(db, settings.ServidorBaseDatos);
+        applyConnInfo(db, words);
         ok = db.open() && preparePostgreSQL(db, settings, target, motivo);
     }
     if (!ok) {
@@ -191,6 +254,25 @@ QSqlDatabase openConnection(const QString &connectionName, Backend backend,
         return QSqlDatabase();
     }
     return db;
+}
+
+bool CrearInstalacion(const InstallationSettings &settings, QString *motivo) {
+    QString why;
+    const std::optional<Backend> backend = backendFromName(settings.TipoBaseDatos, &why);
+    if (!backend)
+        return fail(motivo, why);
+    if (!ValidarInstalacion(settings, motivo))
+        return false;
+    // Also the home of the instance numbers on PostgreSQL.
+    if (!CrearCarpeta(settings.PathBaseDatosGeneral, &why))
+        return fail(motivo, why + QStringLiteral(" Revise el valor de PathBaseDatosGeneral."));
+    const QString name =
+        QStringLiteral("co.crearinstalacion.") + QUuid::createUuid().toString(QUuid::Id128);
+    ConnectionTarget target;
+    target.general = true;
+    const bool ok = openConnection(name, *backend, settings, target, motivo).isValid();
+    closeConnection(name);
+    return ok;
 }
 
 void closeConnection(const QString &connectionName) {

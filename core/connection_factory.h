@@ -4,7 +4,10 @@
 //  - SQLite: WAL journal, busy timeout, the general file attached under the
 //    general alias on company connections, ISNUMERIC registered;
 //  - PostgreSQL: the schema made when missing, search path company then general,
-//    ISNUMERIC defined in the general schema.
+//    ISNUMERIC defined in the general schema; the server must answer the
+//    start-up within its `connect_timeout` (10 seconds when not given).
+// Names from the settings are checked (ValidarInstalacion) before any statement
+// and reach statements quoted.
 
 #include "core/backend.h"
 #include "core/installation.h"
@@ -20,6 +23,10 @@ struct ConnectionTarget {
     // How long a statement waits for a row or file another user holds before it
     // fails with the lock failure.
     int lockWaitMs = 15000;
+    // Makes the data when missing: the file and its folder on SQLite, the schema
+    // on PostgreSQL. Without it missing data is a failure. The general data of an
+    // installation are only ever made by CrearInstalacion.
+    bool crear = true;
 };
 
 // Opens a new connection registered under `connectionName`. On failure returns an
@@ -27,6 +34,11 @@ struct ConnectionTarget {
 QSqlDatabase openConnection(const QString &connectionName, Backend backend,
                             const InstallationSettings &settings, const ConnectionTarget &target,
                             QString *motivo);
+
+// Makes the general data of a new installation (the folder of
+// `PathBaseDatosGeneral` and general.db, or the general schema); nothing to do
+// when they exist. False and a Spanish `motivo` naming the setting at fault.
+bool CrearInstalacion(const InstallationSettings &settings, QString *motivo);
 
 // Closes and unregisters a connection made by openConnection.
 void closeConnection(const QString &connectionName);

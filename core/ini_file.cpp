@@ -1,9 +1,8 @@
 #include "core/ini_file.h"
 
+#include "core/settings_file.h"
 #include "core/windows_codepage.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QSaveFile>
 #include <QStringDecoder>
 #include <QStringEncoder>
@@ -48,22 +47,15 @@ bool hasLineBreak(const QString &s) {
 IniFile IniFile::load(const QString &path) {
     IniFile ini;
     ini.path_ = path;
-    QFile file(path);
-    if (!file.exists())
+    ArchivoParametros archivo = LeerArchivoParametros(path);
+    if (archivo.estado == ArchivoParametros::Estado::NoExiste)
         return ini;
-    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly)) {
+    if (archivo.estado == ArchivoParametros::Estado::Ilegible) {
         ini.status_ = Status::Unreadable;
-        ini.reason_ = file.errorString();
-        if (QFileInfo(path).isDir())
-            ini.reason_ = QStringLiteral("es una carpeta");
+        ini.reason_ = archivo.motivo;
         return ini;
     }
-    QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError) {
-        ini.status_ = Status::Unreadable;
-        ini.reason_ = file.errorString();
-        return ini;
-    }
+    QByteArray bytes = std::move(archivo.contenido);
     ini.status_ = Status::Ok;
     ini.bom_ = bytes.startsWith("\xEF\xBB\xBF");
     if (ini.bom_)

@@ -7,6 +7,8 @@
 // values, both sides trimmed; section and key names compare without case; the
 // first section and the first key of a name win. Lines starting with ";" or "#"
 // are comments; any other line is kept and ignored.
+// A file that is not a regular one, or is beyond the size of any settings file,
+// loads as unreadable (see settings_file.h).
 // Encoding: UTF-8 when the bytes are valid UTF-8, else the Windows Western code
 // page. A write keeps the encoding read, unless a new value cannot be written in
 // it: the file then becomes UTF-8, so that nothing is lost.

@@ -142,7 +142,7 @@ bool MaterializarConsultaTemporal(TModuloDatos &datos, Consulta &consulta, QStri
     if (creada.startsWith(QStringLiteral("Error.")))
         return falla(motivo, motivoDe(creada));
 
-    const QString cualificado = sesion.AliasBaseDatosGeneral + QStringLiteral(".dbo.") + nombre;
+    const QString cualificado = sesion.AliasGeneralSQL() + QStringLiteral(".dbo.") + nombre;
     QString conexion = consulta.DatabaseName.startsWith(u'?') ? consulta.DatabaseName.mid(1)
                                                               : consulta.DatabaseName;
     // The general connection does not know the general data by its alias.

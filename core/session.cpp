@@ -1,6 +1,7 @@
 #include "core/session.h"
 
 #include "core/connection_factory.h"
+#include "core/sql_identifier.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -19,6 +20,14 @@ const QString kADOAlt = QStringLiteral("ADOConnectionAlt");
 const QString kADOGeneral = QStringLiteral("ADOConnectionGeneral");
 
 std::atomic<int> nextInstance{0};
+
+// A target whose data must exist already: only a company chosen by its code may
+// be made on its first connection.
+ConnectionTarget existing(bool general, const QString &alias) {
+    ConnectionTarget t{general, alias};
+    t.crear = false;
+    return t;
+}
 
 QString secondOf(const QString &role) {
     if (role == kDatabase)
@@ -65,6 +74,10 @@ QString TfGENEINIC::NombreAliasEmpresa(int codigo) const {
                       : PathBaseDatosGeneral;
 }
 
+QString TfGENEINIC::AliasGeneralSQL() const {
+    return NombreDatosSQL(AliasBaseDatosGeneral);
+}
+
 std::optional<QSqlDatabase> TfGENEINIC::openRole(const QString &role, const ConnectionTarget &target,
                                                  QString *motivo) {
     const QString key = target.general ? QStringLiteral("\x01general") : target.alias;
@@ -102,7 +115,7 @@ bool TfGENEINIC::Conectar(QString *motivo) {
             *motivo = why;
         return false;
     }
-    return openRole(kGeneral, {true, {}}, motivo) && ConectarEmpresa(CodigoEmpresa, motivo);
+    return openRole(kGeneral, existing(true, {}), motivo) && ConectarEmpresa(CodigoEmpresa, motivo);
 }
 
 bool TfGENEINIC::ConectarEmpresa(int codigo, QString *motivo) {
@@ -123,7 +136,10 @@ bool TfGENEINIC::ConectarEmpresaAlt(int codigo, const QString &alias, QString *m
         return true;
     for (const QString &role : {kAlt, kADOAlt})
         closeRole(role);
-    if (!openRole(kAlt, {false, target}, motivo))
+    // A company chosen by its code may be new; an alias names data that exist.
+    ConnectionTarget alt{false, target};
+    alt.crear = codigo >= 0;
+    if (!openRole(kAlt, alt, motivo))
         return false;
     altAlias_ = target;
     return true;
@@ -132,21 +148,21 @@ bool TfGENEINIC::ConectarEmpresaAlt(int codigo, const QString &alias, QString *m
 std::optional<QSqlDatabase> TfGENEINIC::resolveAlias(const QString &alias, Canal canal,
                                                      QString *motivo) {
     auto role = [&](const QString &main) { return canal == Canal::Principal ? main : secondOf(main); };
-    auto general = [&] { return openRole(role(kGeneral), {true, {}}, motivo); };
+    auto general = [&] { return openRole(role(kGeneral), existing(true, {}), motivo); };
     if (alias == kDatabase && !companyAlias_.isEmpty())
-        return openRole(role(kDatabase), {false, companyAlias_}, motivo);
+        return openRole(role(kDatabase), existing(false, companyAlias_), motivo);
     const QString company = NombreAliasEmpresa(CodigoEmpresa);
     if (alias == kGeneral)
         return general();
     if (alias == kDatabase || alias.compare(company, Qt::CaseInsensitive) == 0)
-        return openRole(role(kDatabase), {false, company}, motivo);
+        return openRole(role(kDatabase), existing(false, company), motivo);
     if (alias == kAlt || (!altAlias_.isEmpty() && alias == altAlias_)) {
         if (altAlias_.isEmpty()) {
             if (motivo)
                 *motivo = QStringLiteral("La conexión DatabaseAlt no está abierta.");
             return std::nullopt;
         }
-        return openRole(role(kAlt), {false, altAlias_}, motivo);
+        return openRole(role(kAlt), existing(false, altAlias_), motivo);
     }
     if (alias.compare(AliasBaseDatosGeneral, Qt::CaseInsensitive) == 0 ||
         alias == PathBaseDatosGeneral || (!PathArchivosTemporales.isEmpty() && alias == PathArchivosTemporales))
@@ -164,7 +180,7 @@ std::optional<QSqlDatabase> TfGENEINIC::resolveAlias(const QString &alias, Canal
             *motivo = QStringLiteral("No existe la conexión \"%1\".").arg(alias);
         return std::nullopt;
     }
-    return openRole(role(QStringLiteral("alias:") + alias), {false, alias}, motivo);
+    return openRole(role(QStringLiteral("alias:") + alias), existing(false, alias), motivo);
 }
 
 std::optional<QSqlDatabase> TfGENEINIC::conexion(const QString &palabra, Canal canal, QString *motivo) {

@@ -37,6 +37,8 @@ public:
     // -1 as company takes `alias` as the name of the data to point at.
     bool ConectarEmpresaAlt(int codigo, const QString &alias = {}, QString *motivo = nullptr);
     QString NombreAliasEmpresa(int codigo) const;
+    // The general data's alias as statements name them: "<alias>.dbo.<table>".
+    QString AliasGeneralSQL() const;
 
     // The connection a word stands for on a channel; nullopt and `motivo` when the
     // word names nothing that can be opened.

@@ -1,11 +1,14 @@
 #include "core/startup.h"
 
+#include "core/connection_factory.h"
 #include "core/currency_table.h"
+#include "core/folder_creation.h"
 #include "core/rights.h"
 #include "core/session_values.h"
 #include "core/users.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace co {
 namespace {
@@ -28,20 +31,30 @@ bool Aplicacion::Iniciar() {
     Messenger aviso(port_);
     const QString archivoInstalacion =
         QDir(opciones_.carpetaInstalacion).filePath(QLatin1String(kArchivoInstalacion));
-    if (!LeerInstalacion(opciones_.carpetaInstalacion, &instalacion_)) {
+    QString motivo;
+    if (!LeerInstalacion(opciones_.carpetaInstalacion, &instalacion_, &motivo)) {
         const QString texto = QStringLiteral("No ha sido posible leer los parámetros del archivo ") + archivoInstalacion +
                               QStringLiteral(". ");
         if (opciones_.instalacionObligatoria) {
-            aviso.MensajeA(texto);
+            aviso.MensajeA(texto + QStringLiteral("Motivo: ") + motivo + u'.');
             return false;
         }
         aviso.MensajeA(texto + QStringLiteral("Se utilizarán los parámetros por defecto."));
     }
-    QString motivo;
-    if (!backendFromName(instalacion_.TipoBaseDatos, &motivo)) {
-        aviso.MensajeA(QStringLiteral("¡Imposible iniciar la aplicación!. Motivo: ") + motivo);
+    auto imposible = [&](const QString &porque) {
+        aviso.MensajeA(QStringLiteral("¡Imposible iniciar la aplicación!. Motivo: ") + porque);
         return false;
-    }
+    };
+    if (!backendFromName(instalacion_.TipoBaseDatos, &motivo) ||
+        !ValidarInstalacion(instalacion_, &motivo))
+        return imposible(motivo);
+    if (opciones_.crearInstalacion && !CrearInstalacion(instalacion_, &motivo))
+        return imposible(motivo);
+    // The folder holds the instance numbers: made here, it would hide a mistyped path.
+    if (!QFileInfo(instalacion_.PathBaseDatosGeneral).isDir())
+        return imposible(
+            QStringLiteral("La carpeta %1 indicada por PathBaseDatosGeneral no existe.")
+                .arg(instalacion_.PathBaseDatosGeneral));
     sesion_ = std::make_unique<TfGENEINIC>(instalacion_, port_);
     TfGENEINIC &s = *sesion_;
     s.ArchivoINI = RutaArchivoINI(opciones_.carpetaAplicacion, opciones_.linea.ParametroINI);
@@ -50,11 +63,16 @@ bool Aplicacion::Iniciar() {
 
     instancia_ = std::make_unique<co::NumeroInstancia>(instalacion_.PathBaseDatosGeneral);
     if (instancia_->numero() == 0) {
+        if (!CrearCarpeta(
+                QDir(instalacion_.PathBaseDatosGeneral).filePath(QStringLiteral("PRIVDIR")),
+                &motivo))
+            return imposible(motivo);
         s.mensajes().MensajeA(
             QStringLiteral("Se ha producido un conflicto con otro usuario (o aplicación). Inténtelo de nuevo."));
         return false;
     }
     LimpiarArchivosTemporales(opciones_.carpetaAplicacion, QDir::tempPath(), instancia_->carpetaPrivada());
+    motivo.clear();
     if (!s.Conectar(&motivo)) {
         s.mensajes().MensajeA(QStringLiteral("¡Imposible iniciar la aplicación!. Motivo: ") + motivo);
         return false;

@@ -29,6 +29,9 @@ struct OpcionesArranque {
     // The command line refuses a folder without INSTALACION; the desktop takes
     // the defaults after its message.
     bool instalacionObligatoria = false;
+    // Makes the general data when missing: `init` alone, the one way a new
+    // installation comes to be. Otherwise missing data stop the start.
+    bool crearInstalacion = false;
 };
 
 class Aplicacion {

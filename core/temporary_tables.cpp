@@ -163,8 +163,8 @@ bool CrearTablaTemporal(TModuloDatos &datos, CreadorTablas &creador, const QStri
         return false;
     // SQLite: the company connection keeps the old shape of the table until it
     // reads it, and a positional INSERT from there is checked against that shape.
-    datos.EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM ") +
-                          datos.sesion().AliasBaseDatosGeneral + QStringLiteral(".dbo.") + tabla,
+    datos.EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM ") + datos.sesion().AliasGeneralSQL() +
+                          QStringLiteral(".dbo.") + tabla,
                       QStringLiteral("Database"), QStringLiteral("Silenciosa,No Crear Tabla"));
     return true;
 }

@@ -44,7 +44,7 @@ bool TablaListado::Crear(const QString &definicion, QString *motivo) {
 }
 
 QString TablaListado::NombreCualificado() const {
-    return datos_.sesion().AliasBaseDatosGeneral + QStringLiteral(".dbo.") + nombre_;
+    return datos_.sesion().AliasGeneralSQL() + QStringLiteral(".dbo.") + nombre_;
 }
 
 QString TablaListado::SentenciaLlenado(const OrigenListado &origen, qint64 previas) const {

@@ -57,7 +57,9 @@ int main(int argc, char **argv) {
     {
         // A fresh installation with its first user and company, made once.
         co::ScriptedMessages port;
-        co::Aplicacion first(opciones(), &port);
+        co::OpcionesArranque made = opciones();
+        made.crearInstalacion = true;
+        co::Aplicacion first(made, &port);
         if (!first.Iniciar()) {
             std::fprintf(stderr, "no installation\n");
             return 1;

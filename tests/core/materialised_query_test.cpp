@@ -43,7 +43,7 @@ protected:
     }
 
     QString cualificada(const QString &tabla) const {
-        return settings_.AliasBaseDatosGeneral + QStringLiteral(".dbo.") + tabla;
+        return sesion_->AliasGeneralSQL() + QStringLiteral(".dbo.") + tabla;
     }
 };
 

@@ -27,8 +27,10 @@ TEST_P(QueryTemporal, RowsComeBackFromTheTemporaryTable) {
         QStringLiteral("SELECT Codigo, Descripcion, GastosIndirectos FROM OBRA ORDER BY Codigo");
     ASSERT_TRUE(datos_->AbrirConsulta(q, QStringLiteral("Open,Temporal")))
         << messages_.texts().join(u'\n').toStdString();
-    EXPECT_TRUE(q.SQL.startsWith(QStringLiteral("SELECT * FROM ") +
-                                 settings_.AliasBaseDatosGeneral + QStringLiteral(".dbo.")))
+    // The general alias as an identifier: "<alias>".dbo.<table>.
+    EXPECT_TRUE(q.SQL.startsWith(QStringLiteral("SELECT * FROM \"") +
+                                 settings_.AliasBaseDatosGeneral.toLower() +
+                                 QStringLiteral("\".dbo.")))
         << q.SQL.toStdString();
     ASSERT_EQ(q.RecordCount(), 2);
     EXPECT_EQ(q.Text(1, QStringLiteral("Descripcion")), QStringLiteral("Puente"));

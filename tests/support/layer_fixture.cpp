@@ -2,6 +2,8 @@
 
 #include "support/test_postgres.h"
 
+#include "core/connection_factory.h"
+
 #include <QSqlDatabase>
 #include <QSqlQuery>
 
@@ -21,6 +23,8 @@ InstallationSettings freshInstallation(Backend backend, const QString &folder) {
         s.AliasBaseDatos = prefix + QStringLiteral("_empresa");
         s.ServidorBaseDatos = postgresConnInfo();
     }
+    QString motivo;
+    EXPECT_TRUE(CrearInstalacion(s, &motivo)) << motivo.toStdString();
     return s;
 }
 

@@ -21,7 +21,8 @@ inline void PrintTo(Backend b, std::ostream *os) {
 
 namespace co::test {
 
-// Settings of a new, empty installation on `backend`, in `folder`.
+// Settings of a new, empty installation on `backend`, in `folder`, made there
+// (its general data) as `init` makes them.
 InstallationSettings freshInstallation(Backend backend, const QString &folder);
 
 // Drops what a PostgreSQL installation made; nothing to do on SQLite.
