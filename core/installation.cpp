@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QHash>
+#include <QSaveFile>
 #include <QTextStream>
 
 namespace co {
@@ -38,8 +39,9 @@ bool LeerInstalacion(const QString &carpeta, InstallationSettings *out) {
 
 bool EscribirInstalacion(const QString &carpeta, const InstallationSettings &s) {
     QDir().mkpath(carpeta);
-    QFile file(QDir(carpeta).filePath(QLatin1String(kArchivoInstalacion)));
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text))
+    // Written aside and renamed: a crash never leaves a half-written file.
+    QSaveFile file(QDir(carpeta).filePath(QLatin1String(kArchivoInstalacion)));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
         return false;
     QTextStream out(&file);
     out << "TipoBaseDatos=" << s.TipoBaseDatos << '\n'
@@ -50,7 +52,8 @@ bool EscribirInstalacion(const QString &carpeta, const InstallationSettings &s) 
         << "NombrePrimeraEmpresa=" << s.NombrePrimeraEmpresa << '\n'
         << "CodigoPrimerUsuario=" << s.CodigoPrimerUsuario << '\n'
         << "ServidorBaseDatos=" << s.ServidorBaseDatos << '\n';
-    return out.status() == QTextStream::Ok;
+    out.flush();
+    return out.status() == QTextStream::Ok && file.commit();
 }
 
 } // namespace co
