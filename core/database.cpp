@@ -88,6 +88,7 @@ QList<ResultColumn> TModuloDatos::columnsOf(const QSqlQuery &query, const QStrin
 // code expects a failure to cost that statement only.
 bool TModuloDatos::exec(const QSqlDatabase &db, QSqlQuery &query, const QString &sql) {
     ++statements_;
+    sesion_.crashPoints().pass();
     if (sesion_.backend() != Backend::PostgreSQL || !sesion_.TransaccionActiva())
         return query.exec(sql);
     QSqlQuery control(db);

@@ -12,6 +12,7 @@
 
 #include "core/backend.h"
 #include "core/connection_factory.h"
+#include "core/crash_points.h"
 #include "core/installation.h"
 #include "core/messages.h"
 
@@ -47,6 +48,8 @@ public:
     Backend backend() const { return backend_; }
     const InstallationSettings &instalacion() const { return settings_; }
     Messenger &mensajes() { return messenger_; }
+    // The crash-test seam of this process (see crash_points.h).
+    CrashPoints &crashPoints() { return crashPoints_; }
 
     // Transactions on a connection word (and its second channel).
     bool IniciarTransaccion(const QString &palabra = {});
@@ -96,6 +99,7 @@ private:
     Backend backend_ = Backend::SQLite;
     Messenger messenger_;
     ConsoleMessages console_;
+    CrashPoints crashPoints_;
     int instance_;
     QString altAlias_;
     QString companyAlias_;

@@ -111,7 +111,10 @@ bool Aplicacion::prepararTablasIniciales() {
     if (usuarios == u"0") {
         QString motivo;
         const QString codigo = instalacion_.CodigoPrimerUsuario;
-        if (!CrearPrimerUsuario(*datos_, codigo, &motivo)) {
+        // The user and the companies it may enter are kept together: a crash in
+        // between would leave a user that can enter no company, for good.
+        TransaccionGuard transaccion(s, kGeneral);
+        if (!transaccion.ok() || !CrearPrimerUsuario(*datos_, codigo, &motivo)) {
             s.mensajes().MensajeA(QStringLiteral("¡Imposible dar de alta el usuario!"));
             return false;
         }
@@ -119,6 +122,10 @@ bool Aplicacion::prepararTablasIniciales() {
         const QString empresas = datos_->EjecutarSQL(QStringLiteral("SELECT Codigo FROM EMPRESA ORDER BY Codigo"), kGeneral);
         if (!empresas.isEmpty() && !empresas.startsWith(QStringLiteral("Error.")))
             GuardarValorUsuario(*datos_, codigo, QStringLiteral("Empresas"), empresas);
+        if (!transaccion.commit()) {
+            s.mensajes().MensajeA(QStringLiteral("¡Imposible dar de alta el usuario!"));
+            return false;
+        }
     }
     return true;
 }

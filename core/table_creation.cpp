@@ -2,11 +2,14 @@
 
 #include "core/connection_factory.h"
 #include "core/definition_text.h"
+#include "core/schema_transaction.h"
 #include "core/structure_files.h"
 #include "core/table_ddl.h"
 
 #include <QHash>
+#include <QSet>
 #include <QUuid>
+#include <algorithm>
 
 namespace co {
 namespace {
@@ -16,13 +19,38 @@ const QString kSinCrear = QStringLiteral("Silenciosa,No Crear Tabla");
 const QString kPrefijoFallo =
     QStringLiteral("Error. No es posible ejecutar la sentencia SQL. Motivo: ");
 
-// Whether a table of that name is in the first schema of the connection.
-QString consultaExiste(Backend backend) {
-    return backend == Backend::PostgreSQL
-               ? QStringLiteral("SELECT COUNT(*) FROM information_schema.tables WHERE "
-                                "table_schema = current_schema() AND table_name = lower(%1)")
-               : QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE type = 'table' AND "
-                                "upper(name) = upper(%1)");
+// Catalog questions about the first schema of a connection; %1 is the quoted
+// table name.
+struct CatalogoCreacion {
+    Backend backend;
+    const char *existe;  // a count: 1 when the table is there
+    const char *indices; // the names of its indexes
+};
+
+constexpr CatalogoCreacion kCatalogo[] = {
+    {Backend::SQLite,
+     "SELECT COUNT(*) FROM sqlite_master WHERE type = 'table' AND upper(name) = upper(%1)",
+     "SELECT name FROM sqlite_master WHERE type = 'index' AND upper(tbl_name) = upper(%1)"},
+    {Backend::PostgreSQL,
+     "SELECT COUNT(*) FROM information_schema.tables WHERE table_schema = current_schema() "
+     "AND table_name = lower(%1)",
+     "SELECT indexname FROM pg_indexes WHERE schemaname = current_schema() "
+     "AND tablename = lower(%1)"},
+};
+
+const CatalogoCreacion &catalogo(Backend backend) {
+    for (const CatalogoCreacion &c : kCatalogo)
+        if (c.backend == backend)
+            return c;
+    return kCatalogo[0];
+}
+
+// The lines of a result, upper-cased, for comparing names whatever their case.
+QSet<QString> nombresEnMayusculas(const QString &resultado) {
+    QSet<QString> out;
+    for (const QString &n : resultado.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts))
+        out.insert(n.trimmed().toUpper());
+    return out;
 }
 
 bool esError(const QString &resultado) {
@@ -88,8 +116,95 @@ QString CreadorTablas::conexionDe(const QString &tabla, const QString &conexion,
 
 bool CreadorTablas::existe(const QString &tabla, const QString &conexion) {
     const QString r = datos_.EjecutarSQL(
-        consultaExiste(sesion_.backend()).arg(Entrecomillar(tabla)), conexion, kSinCrear);
+        QString::fromLatin1(catalogo(sesion_.backend()).existe).arg(Entrecomillar(tabla)), conexion,
+        kSinCrear);
     return r.trimmed().toInt() > 0;
+}
+
+QString CreadorTablas::claveRevision(const QString &tabla, const QString &conexion) const {
+    QString base = conexion.isEmpty() ? QStringLiteral("Database") : conexion;
+    // "Database" stands for whichever company is current.
+    if (base == u"Database")
+        base += u'#' + (sesion_.AliasSustituto.isEmpty()
+                            ? sesion_.NombreAliasEmpresa(sesion_.CodigoEmpresa)
+                            : sesion_.AliasSustituto);
+    return base + u'|' + tabla.section(u'.', -1).trimmed().toUpper();
+}
+
+bool CreadorTablas::CompletarIndices(const QString &tabla, const QString &conexion) {
+    if (tabla.trimmed().isEmpty() || EsTablaTemporal(tabla))
+        return true;
+    const QString clave = claveRevision(tabla, conexion);
+    if (revisadas_.contains(clave))
+        return true;
+    revisadas_.insert(clave);
+    QString texto;
+    if (!Estructuras(&texto))
+        return true;
+    const QString buscada = tabla.section(u'.', -1).trimmed();
+    const QString campos = co::DefinicionTabla(buscada, texto, QStringLiteral("Campos"));
+    if (campos.isEmpty())
+        return true;
+    const QString nombre = LeerLineaDefinicion(LineasDefinicion(campos).constFirst()).tabla;
+    return completarIndices(nombre, conexionDe(nombre, conexion, false),
+                            co::DefinicionTabla(buscada, texto, QStringLiteral("Indices")));
+}
+
+bool CreadorTablas::completarIndices(const QString &tabla, const QString &conexion,
+                                     const QString &indices) {
+    QList<IndiceTabla> definidos;
+    for (const QString &linea : LineasDefinicion(indices)) {
+        const LineaDefinicion l = LeerLineaDefinicion(linea);
+        IndiceTabla i{l.nombre, {}, l.longitud};
+        for (const QString &campo : l.tipo.split(u';', Qt::SkipEmptyParts))
+            i.campos << campo.trimmed();
+        // A line that could not make an index is told when the table is made.
+        if (!i.primario() && EsIdentificadorValido(i.nombre) && !i.campos.isEmpty())
+            definidos << i;
+    }
+    if (definidos.isEmpty())
+        return true;
+    const QString enBase = datos_.EjecutarSQL(
+        QString::fromLatin1(catalogo(sesion_.backend()).indices).arg(Entrecomillar(tabla)),
+        conexion, kSinCrear);
+    if (esError(enBase))
+        return true;
+    const QSet<QString> existentes = nombresEnMayusculas(enBase);
+    QList<IndiceTabla> faltan;
+    for (const IndiceTabla &i : std::as_const(definidos))
+        if (!existentes.contains(NombreIndiceSQL(tabla, i).toUpper()))
+            faltan << i;
+    if (faltan.isEmpty())
+        return true;
+
+    const QString columnas = datos_.EjecutarSQL(traitsOf(sesion_.backend()).columnsQuery.arg(tabla),
+                                                conexion, kSinCrear);
+    if (esError(columnas) || columnas.isEmpty())
+        return true;
+    const QSet<QString> tiene = nombresEnMayusculas(columnas);
+    auto aviso = [&](const QString &motivo) {
+        sesion_.mensajes().MensajeA(
+            QStringLiteral("No es posible crear el índice en SQL. Mensaje: ") + motivo);
+        return false;
+    };
+    SchemaTransaction transaccion(sesion_, conexion);
+    if (!transaccion.ok())
+        return aviso(transaccion.motivo());
+    for (const IndiceTabla &i : std::as_const(faltan)) {
+        const bool completo =
+            std::all_of(i.campos.cbegin(), i.campos.cend(),
+                        [&](const QString &c) { return tiene.contains(c.toUpper()); });
+        if (!completo)
+            continue;
+        const QString r = datos_.EjecutarSQL(SentenciaIndice(tabla, i), conexion, kSinCrear);
+        if (esError(r)) {
+            transaccion.rollback();
+            return aviso(motivoDe(r));
+        }
+    }
+    if (!transaccion.commit())
+        return aviso(transaccion.motivo());
+    return true;
 }
 
 bool CreadorTablas::CamposUsuario(const QString &tabla, QString *lineas, QString *motivo) {
@@ -190,6 +305,12 @@ bool CreadorTablas::CrearTabla(const QString &tabla, const QString &conexion,
     if (!temporal && existe(nombre, destino)) {
         datos_.RegistrarNombres(
             LeerEstructuraTabla(nombre, campos, {}, nullptr).value_or(EstructuraTabla{}).nombres());
+        const QString clave = claveRevision(nombre, conexion);
+        if (!revisadas_.contains(clave)) {
+            revisadas_.insert(clave);
+            completarIndices(nombre, destino,
+                             co::DefinicionTabla(buscada, texto, QStringLiteral("Indices")));
+        }
         return false;
     }
 
@@ -224,48 +345,66 @@ bool CreadorTablas::CrearTabla(const QString &tabla, const QString &conexion,
     if (!estructura)
         return aviso(QStringLiteral("¡No es posible crear la tabla SQL (Paso 1)!. Motivo: "),
                      problema);
-    if (!crearEnBaseDatos(*estructura, destino, temporal, &why))
-        return false;
-    if (nombre.toUpper() == u"EMPRESA" && Propietario != u"fGENEACTU" && !PrimeraEmpresa()) {
+    const bool primeraEmpresa =
+        !temporal && nombre.toUpper() == u"EMPRESA" && Propietario != u"fGENEACTU";
+    // The company's database goes first: made again it is still the one, so a
+    // crash before EMPRESA is kept leaves nothing that the next try trips over.
+    if (primeraEmpresa && !CrearBaseDatos(sesion_.NombreAliasEmpresa(1))) {
         why = QStringLiteral("¡ Imposible crear el registro de la empresa 1 !");
         return false;
     }
-    return true;
+    return crearEnBaseDatos(*estructura, destino, temporal, primeraEmpresa, &why);
 }
 
 bool CreadorTablas::crearEnBaseDatos(const EstructuraTabla &tabla, const QString &conexion,
-                                     bool temporal, QString *motivo) {
+                                     bool temporal, bool primeraEmpresa, QString *motivo) {
     const SentenciasTabla s = SentenciasCreacion(tabla, sesion_.backend(), sesion_.FechaNula);
-    if (temporal)
-        datos_.EjecutarSQL(QStringLiteral("DROP TABLE ") + tabla.nombre, conexion, kSinCrear);
     datos_.RegistrarNombres(tabla.nombres() << tabla.nombre);
     for (const CampoTabla &c : tabla.campos)
         if (c.tipo == TipoCampo::ftDate || c.tipo == TipoCampo::ftDateTime)
             datos_.RegistrarColumnasFecha({c.nombre});
+    auto pasoUno = [&](const QString &texto) {
+        *motivo = texto;
+        sesion_.mensajes().MensajeA(
+            QStringLiteral("¡No es posible crear la tabla SQL (Paso 1)!. Motivo: ") + texto);
+        return false;
+    };
+    SchemaTransaction transaccion(sesion_, conexion);
+    if (!transaccion.ok())
+        return pasoUno(transaccion.motivo());
+    if (temporal)
+        datos_.EjecutarSQL(QStringLiteral("DROP TABLE IF EXISTS ") + tabla.nombre, conexion,
+                           kSinCrear);
     const QString r = datos_.EjecutarSQL(s.crear, conexion, kSinCrear);
     if (esError(r)) {
+        transaccion.rollback();
         // Another process may have made it meanwhile: then it is there to use.
         if (!temporal && existe(tabla.nombre, conexion)) {
             motivo->clear();
             return false;
         }
-        *motivo = motivoDe(r);
-        sesion_.mensajes().MensajeA(
-            QStringLiteral("¡No es posible crear la tabla SQL (Paso 1)!. Motivo: ") + *motivo);
+        pasoUno(motivoDe(r));
         sesion_.mensajes().MensajePlano(s.crear);
         return false;
     }
     for (const QString &indice : s.indices) {
         const QString ri = datos_.EjecutarSQL(indice, conexion, kSinCrear);
         if (esError(ri)) {
+            transaccion.rollback();
             *motivo = motivoDe(ri);
             sesion_.mensajes().MensajeA(
                 QStringLiteral("No es posible crear el índice en SQL. Mensaje: ") + *motivo);
-            // No half-made table is left behind.
-            datos_.EjecutarSQL(QStringLiteral("DROP TABLE ") + tabla.nombre, conexion, kSinCrear);
             return false;
         }
     }
+    if (primeraEmpresa && !PrimeraEmpresa()) {
+        transaccion.rollback();
+        *motivo = QStringLiteral("¡ Imposible crear el registro de la empresa 1 !");
+        return false;
+    }
+    if (!transaccion.commit())
+        return pasoUno(transaccion.motivo());
+    revisadas_.insert(claveRevision(tabla.nombre, conexion));
     return true;
 }
 
@@ -280,7 +419,7 @@ bool CreadorTablas::PrimeraEmpresa() {
             QStringLiteral("¡ Imposible crear el registro de la empresa 1 !"));
         return false;
     }
-    return CrearBaseDatos(sesion_.NombreAliasEmpresa(1));
+    return true;
 }
 
 bool CreadorTablas::CrearBaseDatos(const QString &nombre) {

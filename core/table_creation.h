@@ -12,9 +12,17 @@
 // its database made, unless the owner is "fGENEACTU".
 // Failures are told through the session's message port in the system's words
 // and never throw; the back-end is left as before the failed creation.
+//
+// A table is made whole or not at all: the table, its indexes and (for
+// `EMPRESA`) the row of company 1 go in one schema transaction, so a process
+// killed half-way leaves nothing behind. A table that exists already gets the
+// indexes of its definition that it lacks (left by a crash of an older
+// version, or dropped by hand) when it is made on demand or opened; an index on
+// a field the table does not have is left alone, as no column is added here.
 
 #include "core/database.h"
 
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -54,6 +62,13 @@ public:
     // in `motivo`; false when CAMPOUSR cannot be read.
     bool CamposUsuario(const QString &tabla, QString *lineas, QString *motivo);
 
+    // Makes the indexes of the definition of `tabla` that the existing table on
+    // `conexion` lacks, all in one transaction. Each table of each database is
+    // looked at once in the life of this object. False, after a warning, when a
+    // missing index could not be made; true when none is missing (or the table
+    // has no definition, or does not exist).
+    bool CompletarIndices(const QString &tabla, const QString &conexion);
+
     // Tells the statement layer the case of every field of the structure files.
     void RegistrarNombresEstructura();
 
@@ -64,12 +79,16 @@ private:
     QString conexionDe(const QString &tabla, const QString &conexion, bool temporal) const;
     bool existe(const QString &tabla, const QString &conexion);
     bool crearEnBaseDatos(const EstructuraTabla &tabla, const QString &conexion, bool temporal,
-                          QString *motivo);
+                          bool primeraEmpresa, QString *motivo);
+    bool completarIndices(const QString &tabla, const QString &conexion, const QString &indices);
+    QString claveRevision(const QString &tabla, const QString &conexion) const;
     bool PrimeraEmpresa();
 
     TModuloDatos &datos_;
     TfGENEINIC &sesion_;
     QString carpetaDatos_;
+    // Tables whose indexes were looked at, by database.
+    QSet<QString> revisadas_;
 };
 
 } // namespace co

@@ -196,9 +196,17 @@ SentenciasTabla SentenciasCreacion(const EstructuraTabla &tabla, Backend backend
                     .arg(tabla.nombre, columnas.join(QStringLiteral(", ")));
     for (const IndiceTabla &i : tabla.indices)
         if (!i.primario())
-            out.indices << QStringLiteral("CREATE INDEX %1_%2 ON %1 (%3)")
-                               .arg(tabla.nombre, i.nombre, i.campos.join(QStringLiteral(", ")));
+            out.indices << SentenciaIndice(tabla.nombre, i);
     return out;
+}
+
+QString NombreIndiceSQL(const QString &tabla, const IndiceTabla &indice) {
+    return tabla + u'_' + indice.nombre;
+}
+
+QString SentenciaIndice(const QString &tabla, const IndiceTabla &indice) {
+    return QStringLiteral("CREATE INDEX %1 ON %2 (%3)")
+        .arg(NombreIndiceSQL(tabla, indice), tabla, indice.campos.join(QStringLiteral(", ")));
 }
 
 } // namespace co

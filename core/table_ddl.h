@@ -65,4 +65,9 @@ struct SentenciasTabla {
 SentenciasTabla SentenciasCreacion(const EstructuraTabla &tabla, Backend backend,
                                    const QString &fechaNula);
 
+// The name an index takes in the database: <table>_<index>.
+QString NombreIndiceSQL(const QString &tabla, const IndiceTabla &indice);
+// "CREATE INDEX <table>_<index> ON <table> (<fields>)".
+QString SentenciaIndice(const QString &tabla, const IndiceTabla &indice);
+
 } // namespace co

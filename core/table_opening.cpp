@@ -47,6 +47,8 @@ bool AperturaTablas::abrir(TablaAbrible &tabla, Origen origen) {
     QString paraCrear;
     const QString conexion = conexionDe(tabla, &paraCrear);
     tabla.SetDatabaseName(conexion);
+    // Indexes a crash or a hand left out are made again before the table is in use.
+    creador_.CompletarIndices(tabla.TableName(), paraCrear);
     QString fallo;
     if (tabla.Open(&fallo))
         return true;

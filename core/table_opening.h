@@ -1,7 +1,8 @@
 #pragma once
 // Opening the table objects of forms and data modules: `AperturaTablaOK` binds a
 // table to the database of its table, opens it, and makes it from the structure
-// files when it turns out to be missing; `AbrirTablasForm` does so for all the
+// files when it turns out to be missing (an existing one first gets the indexes
+// of its definition that it lacks); `AbrirTablasForm` does so for all the
 // tables of a form. The rebuild check notes damaged embedded tables in the INI
 // file for the diagnostics to rebuild.
 

@@ -1,8 +1,11 @@
 // Tables made from their definitions on both back-ends: on the failure path of a
 // statement, from the version and customer files, with user-defined fields,
 // temporary definitions, the first company, and definitions that are wrong.
+// A table is made whole or not at all, inside the caller's transaction when
+// there is one, and an existing table gets back the indexes it lacks.
 #include "core/table_definition.h"
 #include "support/layer_fixture.h"
+#include "support/schema_check.h"
 
 #include <QDir>
 #include <QFile>
@@ -342,6 +345,143 @@ TEST_P(CreacionTablas, EveryTableOfTheStructureFileCanBeMade) {
         }
     }
     EXPECT_TRUE(messages_.shown().isEmpty()) << messages_.texts().join(u'\n').toStdString();
+    EXPECT_EQ(test::DefectosEsquema(*datos_, QStringLiteral("Database"), texto), QStringList());
+    EXPECT_EQ(test::DefectosEsquema(*datos_, QStringLiteral("DatabaseGeneral"), texto),
+              QStringList());
+}
+
+// The indexes PARMAQOB is made with, as the catalog names them.
+const QStringList kIndicesParmaqob = {QStringLiteral("PARMAQOB_CLAVE2"),
+                                      QStringLiteral("PARMAQOB_CLAVE3"),
+                                      QStringLiteral("PARMAQOB_CLAVE4")};
+
+TEST_P(CreacionTablas, DroppedIndexesComeBackWhenTablesAreMadeOnDemandAgain) {
+    ok(QStringLiteral("SELECT * FROM PARMAQOB"));
+    ok(QStringLiteral("INSERT INTO PARMAQOB (Numero, CodigoMaquina) VALUES ('1', 'M1')"));
+    ASSERT_EQ(test::IndicesDeTabla(*datos_, {}, QStringLiteral("PARMAQOB")), kIndicesParmaqob);
+    ok(QStringLiteral("DROP INDEX PARMAQOB_Clave2"));
+    ok(QStringLiteral("DROP INDEX PARMAQOB_Clave4"));
+    // A later run of the program: a statement that makes OBRA looks at PARMAQOB too.
+    rehacerSesion();
+    EXPECT_EQ(ok(QStringLiteral("SELECT P.CodigoMaquina FROM PARMAQOB P JOIN OBRA O ON "
+                                "O.Codigo = P.CodigoObra")),
+              QString());
+    EXPECT_EQ(test::IndicesDeTabla(*datos_, {}, QStringLiteral("PARMAQOB")), kIndicesParmaqob);
+    EXPECT_EQ(test::DefectosEsquema(*datos_, QStringLiteral("Database"), estructuras()),
+              QStringList());
+    EXPECT_EQ(ok(QStringLiteral("SELECT CodigoMaquina FROM PARMAQOB")), QStringLiteral("M1"));
+    EXPECT_TRUE(messages_.shown().isEmpty()) << messages_.texts().join(u'\n').toStdString();
+    // Asked directly, the same.
+    ok(QStringLiteral("DROP INDEX PARMAQOB_Clave3"));
+    rehacerSesion();
+    EXPECT_TRUE(creador_->CompletarIndices(QStringLiteral("parmaqob"), {}));
+    EXPECT_EQ(test::IndicesDeTabla(*datos_, {}, QStringLiteral("PARMAQOB")), kIndicesParmaqob);
+}
+
+TEST_P(CreacionTablas, MissingIndexesOfAGeneralTableComeBackOnTheGeneralData) {
+    // A customer's index on a general table.
+    creador_->RutaEstructuras();
+    escribir(
+        QStringLiteral("DATABASE.ESP"),
+        QStringLiteral("[Definiciones Complementarias]\r\nUSUARIO/I/9/Nombre/Nombre;Codigo\r\n"));
+    const QString general = QStringLiteral("DatabaseGeneral");
+    ok(QStringLiteral("SELECT Codigo FROM USUARIO"));
+    const QStringList indices = {QStringLiteral("USUARIO_NOMBRE")};
+    ASSERT_EQ(test::IndicesDeTabla(*datos_, general, QStringLiteral("USUARIO")), indices);
+    ok(QStringLiteral("DROP INDEX USUARIO_Nombre"), general);
+    rehacerSesion();
+    // Named from a company statement, it is still looked for on the general data.
+    EXPECT_TRUE(creador_->CompletarIndices(QStringLiteral("USUARIO"), QStringLiteral("Database")));
+    EXPECT_EQ(test::IndicesDeTabla(*datos_, general, QStringLiteral("USUARIO")), indices);
+    EXPECT_EQ(test::DefectosEsquema(*datos_, general, estructuras()), QStringList());
+}
+
+TEST_P(CreacionTablas, AnIndexThatCannotBeMadeIsToldAndTheOthersWaitWithIt) {
+    ok(QStringLiteral("SELECT * FROM PARMAQOB"));
+    ok(QStringLiteral("DROP INDEX PARMAQOB_Clave2"));
+    ok(QStringLiteral("DROP INDEX PARMAQOB_Clave3"));
+    // Another table holds the name the index would take.
+    ok(QStringLiteral("CREATE TABLE OCUPA (A INTEGER)"));
+    ok(QStringLiteral("CREATE INDEX PARMAQOB_Clave2 ON OCUPA (A)"));
+    rehacerSesion();
+    messages_.clear();
+    EXPECT_FALSE(creador_->CompletarIndices(QStringLiteral("PARMAQOB"), {}));
+    EXPECT_TRUE(
+        mensajeQueEmpieza(u'A', QStringLiteral("No es posible crear el índice en SQL. Mensaje: ")))
+        << messages_.texts().join(u'\n').toStdString();
+    EXPECT_EQ(test::IndicesDeTabla(*datos_, {}, QStringLiteral("PARMAQOB")),
+              QStringList{QStringLiteral("PARMAQOB_CLAVE4")});
+    // The table stays in use, and the warning is not repeated in this run.
+    messages_.clear();
+    EXPECT_EQ(ok(QStringLiteral("SELECT COUNT(*) FROM PARMAQOB")), QStringLiteral("0"));
+    EXPECT_TRUE(creador_->CompletarIndices(QStringLiteral("PARMAQOB"), {}));
+    EXPECT_TRUE(messages_.shown().isEmpty()) << messages_.texts().join(u'\n').toStdString();
+}
+
+TEST_P(CreacionTablas, AnIndexOnAFieldTheTableLacksIsLeftAlone) {
+    ok(QStringLiteral("SELECT * FROM OBRA"));
+    ok(QStringLiteral("DROP INDEX OBRA_Clave2"));
+    creador_->RutaEstructuras();
+    escribir(QStringLiteral("DATABASE.ESP"),
+             QStringLiteral("[Definiciones Complementarias]\r\nOBRA/C/100/Zona/ftString/20/\r\n"
+                            "OBRA/I/9/Zona/Zona;Codigo\r\n"));
+    rehacerSesion();
+    messages_.clear();
+    EXPECT_TRUE(creador_->CompletarIndices(QStringLiteral("OBRA"), {}));
+    EXPECT_EQ(test::IndicesDeTabla(*datos_, {}, QStringLiteral("OBRA")),
+              QStringList{QStringLiteral("OBRA_CLAVE2")});
+    EXPECT_TRUE(messages_.shown().isEmpty()) << messages_.texts().join(u'\n').toStdString();
+}
+
+TEST_P(CreacionTablas, CreationInsideTheCallersTransactionFollowsIt) {
+    ok(QStringLiteral("SELECT * FROM CAPITULO"));
+    ASSERT_TRUE(sesion_->IniciarTransaccion());
+    ok(QStringLiteral("INSERT INTO CAPITULO (CodigoObra, CodigoCapitulo) VALUES ('1', '1')"));
+    ok(QStringLiteral("INSERT INTO PARMAQOB (Numero) VALUES ('1')"));
+    EXPECT_TRUE(existe(QStringLiteral("PARMAQOB")));
+    ASSERT_TRUE(sesion_->CancelarTransaccion());
+    EXPECT_FALSE(existe(QStringLiteral("PARMAQOB")));
+    EXPECT_EQ(ok(QStringLiteral("SELECT COUNT(*) FROM CAPITULO")), QStringLiteral("0"));
+
+    ASSERT_TRUE(sesion_->IniciarTransaccion());
+    ok(QStringLiteral("INSERT INTO CAPITULO (CodigoObra, CodigoCapitulo) VALUES ('1', '1')"));
+    // A creation that fails takes back its own steps only.
+    ok(QStringLiteral("CREATE TABLE OCUPA (A INTEGER)"));
+    ok(QStringLiteral("CREATE INDEX MEDIA_Clave2 ON OCUPA (A)"));
+    QString motivo;
+    EXPECT_FALSE(creador_->CrearTabla(
+        QStringLiteral("MEDIA"), {},
+        QStringLiteral("MEDIA/C/1/A/ftInteger/0/*\r\nMEDIA/I/2/Clave2/A"), &motivo));
+    EXPECT_FALSE(motivo.isEmpty());
+    ok(QStringLiteral("INSERT INTO PARMAQOB (Numero) VALUES ('2')"));
+    ASSERT_TRUE(sesion_->FinalizarTransaccion());
+    EXPECT_FALSE(existe(QStringLiteral("MEDIA")));
+    EXPECT_EQ(ok(QStringLiteral("SELECT COUNT(*) FROM CAPITULO")), QStringLiteral("1"));
+    EXPECT_EQ(ok(QStringLiteral("SELECT Numero FROM PARMAQOB")), QStringLiteral("2"));
+    EXPECT_EQ(test::IndicesDeTabla(*datos_, {}, QStringLiteral("PARMAQOB")), kIndicesParmaqob);
+}
+
+TEST_P(CreacionTablas, EmpresaIsNotKeptWithoutItsFirstCompany) {
+    creador_->RutaEstructuras();
+    // A customer's EMPRESA with no room for the abbreviation of company 1.
+    escribir(QStringLiteral("DATABASE.ESP"),
+             QStringLiteral("EMPRESA/C/1/Codigo/ftInteger/0/*\r\nEMPRESA/C/2/Nombre/ftString/40/"
+                            "\r\nEMPRESA/I/2/Nombre/Nombre\r\n"));
+    const QString r =
+        datos_->EjecutarSQL(QStringLiteral("SELECT Codigo FROM EMPRESA"),
+                            QStringLiteral("DatabaseGeneral"), QStringLiteral("Silenciosa"));
+    EXPECT_TRUE(r.startsWith(QStringLiteral("Error."))) << r.toStdString();
+    EXPECT_TRUE(
+        mensajeQueEmpieza(u'E', QStringLiteral("¡ Imposible crear el registro de la empresa 1 !")));
+    EXPECT_FALSE(existe(QStringLiteral("EMPRESA"), QStringLiteral("DatabaseGeneral")));
+    EXPECT_TRUE(
+        test::IndicesDeTabla(*datos_, QStringLiteral("DatabaseGeneral"), QStringLiteral("EMPRESA"))
+            .isEmpty());
+    // Put right, the next try makes it whole, the company's database kept from before.
+    QFile::remove(QDir(settings_.PathBaseDatosGeneral).filePath(QStringLiteral("DATABASE.ESP")));
+    EXPECT_EQ(ok(QStringLiteral("SELECT Codigo FROM EMPRESA"), QStringLiteral("DatabaseGeneral")),
+              QStringLiteral("1"));
+    EXPECT_TRUE(baseDatosEmpresa(sesion_->NombreAliasEmpresa(1)));
 }
 
 CO_ON_BOTH_BACKENDS(CreacionTablas);

@@ -4,6 +4,7 @@
 #include "core/table_opening.h"
 
 #include "support/layer_fixture.h"
+#include "support/schema_check.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
@@ -118,6 +119,23 @@ TEST_P(TableOpening, AFormOpensAllItsTablesOrCloses) {
     EXPECT_TRUE(closed);
     EXPECT_FALSE(translated);
     EXPECT_FALSE(after.Active());
+}
+
+TEST_P(TableOpening, AnExistingTableGetsBackTheIndexesItLacksWhenOpened) {
+    FakeTable maquinas(*datos_, QStringLiteral("PARMAQOB"));
+    ASSERT_TRUE(apertura_->AperturaTablaOK(maquinas));
+    const QStringList indices = test::IndicesDeTabla(*datos_, {}, QStringLiteral("PARMAQOB"));
+    ASSERT_EQ(indices.size(), 3);
+    datos_->EjecutarSQL(QStringLiteral("DROP INDEX PARMAQOB_Clave3"));
+    datos_->EjecutarSQL(QStringLiteral("DROP INDEX PARMAQOB_Clave4"));
+    ASSERT_EQ(test::IndicesDeTabla(*datos_, {}, QStringLiteral("PARMAQOB")).size(), 1);
+    // A later run of the program opens it.
+    creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
+    apertura_ = std::make_unique<AperturaTablas>(*datos_, *creador_);
+    FakeTable otraVez(*datos_, QStringLiteral("PARMAQOB"));
+    EXPECT_TRUE(apertura_->AperturaTablaOK(otraVez));
+    EXPECT_EQ(test::IndicesDeTabla(*datos_, {}, QStringLiteral("PARMAQOB")), indices);
+    EXPECT_TRUE(messages_.shown().isEmpty()) << messages_.texts().join(u'\n').toStdString();
 }
 
 CO_ON_BOTH_BACKENDS(TableOpening);
