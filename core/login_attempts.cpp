@@ -49,6 +49,9 @@ int failedLoginCount(const QString &configuracion) {
 
 LoginAttempt settleLoginAttempt(TModuloDatos &datos, const QString &codigo, const QString &typed,
                                 const QString &checkedAgainst, bool matches) {
+    // Joining a transaction in course would commit or roll back someone else's work.
+    if (datos.sesion().TransaccionActiva())
+        return unchecked(kNoGrabada + QStringLiteral("Hay otra transacción activa en curso."));
     TransaccionGuard guard(datos.sesion(), kConexionUsuario);
     if (!guard.ok())
         return unchecked(kNoGrabada + QStringLiteral("No ha sido posible reservar el usuario ") +

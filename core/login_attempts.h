@@ -6,7 +6,8 @@
 // Contract:
 // - `settleLoginAttempt` runs in a transaction on the general data that holds
 //   the user's record until it ends (BEGIN IMMEDIATE on SQLite, a SELECT ...
-//   FOR UPDATE on PostgreSQL). It must not be called inside another transaction.
+//   FOR UPDATE on PostgreSQL). Inside another transaction it refuses, touching
+//   nothing.
 // - Under the lock the counter is read again. At `kMaximoAccesosFallidos` or
 //   above the attempt is refused as revoked, whatever the password, and the
 //   counter is left as it is. Otherwise a wrong password adds one to it and a

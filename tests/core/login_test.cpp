@@ -434,6 +434,21 @@ TEST_P(LoginWhileOthersWork, UserRemovedMeanwhileIsRefused) {
     EXPECT_EQ(hook_.texts(), QStringList({kPideCodigo, kPideClave, kNoDefinido}));
 }
 
+TEST_P(LoginWhileOthersWork, LoginInsideATransactionInCourseLeavesItAlone) {
+    withPassword(kAna, QStringLiteral("buena"));
+    ASSERT_TRUE(sesion_->IniciarTransaccion(QStringLiteral("DatabaseGeneral")));
+    general(QStringLiteral("UPDATE USUARIO SET Nombre = 'a medias' WHERE Codigo = 'ana'"));
+    EXPECT_FALSE(loginWhile(QStringLiteral("mala"), nullptr));
+    EXPECT_TRUE(hook_.texts().value(2).startsWith(kNoGrabada))
+        << hook_.texts().value(2).toStdString();
+    EXPECT_TRUE(sesion_->TransaccionActiva());
+    EXPECT_EQ(general(QStringLiteral("SELECT Nombre FROM USUARIO WHERE Codigo = 'ana'")),
+              QStringLiteral("a medias"));
+    ASSERT_TRUE(sesion_->CancelarTransaccion(QStringLiteral("DatabaseGeneral")));
+    EXPECT_EQ(user(kAna).Nombre, QStringLiteral("Nombre de ana"));
+    EXPECT_EQ(counter(kAna), QStringLiteral("0"));
+}
+
 // The account of the process, as the system tells it apart from this program.
 QString accountName() {
     QProcess id;
