@@ -8,8 +8,9 @@
 //   control-obras-cli listado-tarifas --dir DIR --pdf FILE [U=CODE] [--empresa N]
 //
 // Commands after init log in as the desktop program does; the password comes
-// from CONTROL_OBRAS_CLAVE or is asked on the terminal. Without a user the
-// installation's first user is taken.
+// from CONTROL_OBRAS_CLAVE or is asked on the terminal, and with neither the
+// login stops without counting a failure. Without a user the installation's
+// first user is taken; a user given blank is refused.
 
 #include "cli_messages.h"
 #include "core/data_folder.h"
@@ -39,7 +40,7 @@ struct Arguments {
     QString archivo;
     QString tipo;
     QString servidor;
-    QString usuario;
+    std::optional<QString> usuario; // given with U= or --usuario
     QString idioma = QStringLiteral("Ingles");
     int empresa = -1; // -1: the user's first company
     QStringList positional;
@@ -84,7 +85,7 @@ std::optional<Arguments> parse(const QStringList &args) {
                                           QStringLiteral("--idioma")};
     for (int i = 2; i < args.size(); ++i) {
         const QString &arg = args[i];
-        if (arg.size() > 2 && arg.left(2).toUpper() == u"U=") {
+        if (arg.size() >= 2 && arg.left(2).toUpper() == u"U=") {
             a.usuario = arg.mid(2);
             continue;
         }
@@ -166,7 +167,13 @@ std::unique_ptr<co::Aplicacion> entrar(const Arguments &a, co::cli::CliMessages 
     co::OpcionesArranque o = opcionesDe(a);
     co::InstallationSettings settings;
     co::LeerInstalacion(a.dir, &settings);
-    o.linea.ParametroUsuario = a.usuario.isEmpty() ? settings.CodigoPrimerUsuario : a.usuario;
+    // A code given blank names nobody: it must not fall back to the first user.
+    if (a.usuario && a.usuario->trimmed().isEmpty()) {
+        print(stderr, QStringLiteral("¡No se ha indicado el código de usuario!. Escríbalo tras "
+                                     "U= o --usuario.\n"));
+        return nullptr;
+    }
+    o.linea.ParametroUsuario = a.usuario.value_or(settings.CodigoPrimerUsuario);
     auto app = std::make_unique<co::Aplicacion>(o, &port);
     if (!app->Iniciar() || !app->Identificar())
         return nullptr;

@@ -1,5 +1,7 @@
 #include "cli_messages.h"
 
+#include "core/login.h"
+
 #include <QTextStream>
 #include <cstdio>
 #include <termios.h>
@@ -29,18 +31,31 @@ QString readHidden(const QString &prompt) {
 } // namespace
 
 QString CliMessages::show(QChar kind, const QString &text, const QString &value) {
-    if (kind == u'P') {
-        if (!text.contains(QStringLiteral("Clave")))
-            return value;
-        const QString fromEnvironment = qEnvironmentVariable("CONTROL_OBRAS_CLAVE");
-        if (qEnvironmentVariableIsSet("CONTROL_OBRAS_CLAVE"))
-            return fromEnvironment;
-        if (isatty(STDIN_FILENO))
-            return readHidden(text);
-        return value;
-    }
+    if (kind == u'P')
+        return ask(TituloMensaje(kind), text, value).value_or(value);
     std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
     return kind == u'C' ? QStringLiteral("NO") : QString();
+}
+
+std::optional<QString> CliMessages::ask(const QString &, const QString &text,
+                                        const QString &value) {
+    // The masked prompt is told by its value, which no translation changes.
+    if (value != kValorClaveOculta)
+        return value;
+    if (qEnvironmentVariableIsSet("CONTROL_OBRAS_CLAVE"))
+        return qEnvironmentVariable("CONTROL_OBRAS_CLAVE");
+    if (isatty(STDIN_FILENO)) {
+        const QString typed = readHidden(text);
+        if (!typed.isNull())
+            return typed;
+    }
+    std::fprintf(
+        stderr, "%s\n",
+        QStringLiteral("¡No se ha indicado la Clave de Acceso!. Escríbala en un terminal o "
+                       "indíquela en la variable de entorno CONTROL_OBRAS_CLAVE.")
+            .toLocal8Bit()
+            .constData());
+    return std::nullopt;
 }
 
 } // namespace co::cli

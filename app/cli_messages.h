@@ -1,8 +1,10 @@
 #pragma once
 // The message port of the command line: messages go to standard error;
-// confirmations answer "NO"; the user-code prompt takes the code given; the
-// password prompt takes CONTROL_OBRAS_CLAVE, else asks on the terminal without
-// echo, else gives up.
+// confirmations answer "NO"; other prompts take the value proposed (the user
+// code given). The password prompt (the masked one) takes CONTROL_OBRAS_CLAVE,
+// else asks on the terminal without echo; with neither, or at the end of the
+// input, it says that no password was given and answers nothing, so that
+// nothing is checked.
 
 #include "core/messages.h"
 
@@ -11,6 +13,8 @@ namespace co::cli {
 class CliMessages : public MessagePort {
 public:
     QString show(QChar kind, const QString &text, const QString &value) override;
+    std::optional<QString> ask(const QString &title, const QString &text,
+                               const QString &value) override;
 };
 
 } // namespace co::cli

@@ -33,6 +33,8 @@ const BackendTraits kSQLite{
         {QString(), QStringLiteral("database table is locked"), kLocked},
         {QString(), QStringLiteral("malformed"), QStringLiteral("Corrupt table")},
     },
+    // BEGIN IMMEDIATE already holds the whole file for writing.
+    QString(),
 };
 
 const BackendTraits kPostgreSQL{
@@ -61,6 +63,7 @@ const BackendTraits kPostgreSQL{
         {QStringLiteral("25P02"), QString(),
          QStringLiteral("Transaction aborted")},
     },
+    QStringLiteral(" FOR UPDATE"),
 };
 
 } // namespace

@@ -33,6 +33,9 @@ struct BackendTraits {
         QString failureText;
     };
     QList<FailureRule> failures;
+    // Appended to a SELECT inside a transaction so that its rows stay held until
+    // the end; empty where the transaction's start already takes the write lock.
+    QString rowLockClause;
 };
 
 const BackendTraits &traitsOf(Backend backend);

@@ -4,39 +4,34 @@
 #include "core/user_table.h"
 #include "core/users.h"
 
-#include <QProcessEnvironment>
+#include <cerrno>
 #include <pwd.h>
 #include <unistd.h>
+#include <vector>
 
 namespace co {
 namespace {
 
-const QString kContadorAccesos = QStringLiteral("ContadorAccesos");
+const QString kRevocado =
+    QStringLiteral("¡Su derecho de acceso ha sido revocado!. Contacte con el administrador");
 
 void tellSaveFailure(Messenger &mensajes, const QString &motivo) {
     mensajes.MensajeA(QStringLiteral("¡Imposible grabar la configuración del usuario!. Motivo: ") +
                       motivo);
 }
 
-int failedLogins(TModuloDatos &datos, const QString &codigo) {
-    QString value;
-    ValorUsuario(datos, codigo, kContadorAccesos, value, QStringLiteral("0"));
-    bool ok = false;
-    const int n = value.trimmed().toInt(&ok);
-    return ok ? n : 0;
-}
-
 // The typed password matched: keep the hash of it when the stored value is
 // clear text or made at another cost.
-void upgradeStoredPassword(TModuloDatos &datos, const UserRecord &user, const QString &typed) {
-    if (!passwordNeedsUpgrade(user.ClaveAcceso))
+void upgradeStoredPassword(TModuloDatos &datos, const QString &codigo, const QString &stored,
+                           const QString &typed) {
+    if (!passwordNeedsUpgrade(stored))
         return;
     const QString hash = hashPassword(typed);
     QString motivo;
     if (hash.isEmpty()) {
         tellSaveFailure(datos.sesion().mensajes(),
                         QStringLiteral("No es posible calcular la clave cifrada"));
-    } else if (!updateUserField(datos, user.Codigo, QStringLiteral("ClaveAcceso"), hash, &motivo)) {
+    } else if (!updateUserField(datos, codigo, QStringLiteral("ClaveAcceso"), hash, &motivo)) {
         tellSaveFailure(datos.sesion().mensajes(), motivo);
     }
 }
@@ -44,15 +39,18 @@ void upgradeStoredPassword(TModuloDatos &datos, const UserRecord &user, const QS
 } // namespace
 
 QString NombreUsuarioSistema() {
-    const QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    for (const char *name : {"USER", "LOGNAME", "USERNAME"}) {
-        const QString value = env.value(QLatin1String(name));
-        if (!value.isEmpty())
-            return value;
+    // The identity is the process's, never what its environment claims.
+    const long suggested = sysconf(_SC_GETPW_R_SIZE_MAX);
+    std::vector<char> buffer(suggested > 0 ? static_cast<std::size_t>(suggested) : 1024);
+    passwd entry{};
+    passwd *found = nullptr;
+    for (;;) {
+        const int error = getpwuid_r(getuid(), &entry, buffer.data(), buffer.size(), &found);
+        if (error != ERANGE || buffer.size() >= (std::size_t{1} << 20))
+            break;
+        buffer.resize(buffer.size() * 2);
     }
-    if (const passwd *pw = getpwuid(geteuid()))
-        return QString::fromLocal8Bit(pw->pw_name);
-    return {};
+    return found ? QString::fromLocal8Bit(found->pw_name) : QString();
 }
 
 bool IdentificarUsuario(TModuloDatos &datos, QString &codigo,
@@ -91,10 +89,8 @@ bool IdentificarUsuario(TModuloDatos &datos, QString &codigo,
     ValorUsuario(datos, code, QStringLiteral("CamposNoVisibles"), hidden);
     values.CamposNoVisibles = ListaValorUsuario(hidden);
 
-    const int failures = failedLogins(datos, code);
-    if (failures >= kMaximoAccesosFallidos) {
-        mensajes.MensajeA(QStringLiteral(
-            "¡Su derecho de acceso ha sido revocado!. Contacte con el administrador"));
+    if (failedLoginCount(user->Configuracion) >= kMaximoAccesosFallidos) {
+        mensajes.MensajeA(kRevocado);
         return false;
     }
 
@@ -102,17 +98,35 @@ bool IdentificarUsuario(TModuloDatos &datos, QString &codigo,
         if (windows) {
             values.ClaveUsuario = user->ClaveAcceso;
         } else {
-            const QString typed = mensajes.MensajeP(
+            const std::optional<QString> typed = mensajes.InputQuery(
                 QStringLiteral("Introduzca la Clave de Acceso:"), kValorClaveOculta);
-            if (!verifyPassword(user->ClaveAcceso, typed)) {
-                mensajes.MensajeA(QStringLiteral("¡La Clave de Acceso es incorrecta!"));
-                GuardarValorUsuario(datos, code, kContadorAccesos, QString::number(failures + 1));
+            // Nothing typed is nothing tried: no count, no lock-out by unattended runs.
+            if (!typed)
                 return false;
+            // Hashing is slow: it is done before the lock, and only done again
+            // when the stored password changed meanwhile.
+            const bool matches = verifyPassword(user->ClaveAcceso, *typed);
+            const LoginAttempt attempt =
+                settleLoginAttempt(datos, code, *typed, user->ClaveAcceso, matches);
+            switch (attempt.verdict) {
+            case LoginVerdict::Revoked:
+                mensajes.MensajeA(kRevocado);
+                return false;
+            case LoginVerdict::Unchecked:
+                mensajes.MensajeA(attempt.failure);
+                return false;
+            case LoginVerdict::WrongPassword:
+                mensajes.MensajeA(QStringLiteral("¡La Clave de Acceso es incorrecta!"));
+                if (!attempt.failure.isEmpty())
+                    tellSaveFailure(mensajes, attempt.failure);
+                return false;
+            case LoginVerdict::Accepted:
+                if (!attempt.failure.isEmpty())
+                    tellSaveFailure(mensajes, attempt.failure);
+                break;
             }
-            values.ClaveUsuario = typed;
-            if (failures != 0)
-                GuardarValorUsuario(datos, code, kContadorAccesos, QStringLiteral("0"));
-            upgradeStoredPassword(datos, *user, typed);
+            values.ClaveUsuario = *typed;
+            upgradeStoredPassword(datos, user->Codigo, attempt.storedPassword, *typed);
         }
     }
 

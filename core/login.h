@@ -14,14 +14,22 @@
 // 6. Three or more failed logins (`ContadorAccesos`) refuse ("¡Su derecho de
 //    acceso ha sido revocado!. Contacte con el administrador").
 // 7. A non-empty `ClaveAcceso` is asked in a masked prompt (no question with
-//    `AutenticacionWindows`). A mismatch warns "¡La Clave de Acceso es
-//    incorrecta!" and adds one to the counter; a match clears it. The field
-//    holds a salted hash; a value kept in clear is checked as such once and
-//    replaced by its hash on that successful login.
+//    `AutenticacionWindows`). A prompt that gets no answer (cancelled, or no
+//    one to ask) refuses with no further message and counts nothing. The
+//    answer is settled against the counter under a lock (login_attempts.h): a
+//    counter that reached the limit meanwhile refuses as in 6; a mismatch warns
+//    "¡La Clave de Acceso es incorrecta!" and adds one to the counter; a match
+//    clears it. The field holds a salted hash; a value kept in clear is checked
+//    as such once and replaced by its hash on that successful login.
 // 8. The stored code becomes the session's `CodigoUsuario`.
-// A counter or hash that cannot be saved is told and the login result stands.
+// A counter or hash that cannot be saved is told and the login result stands;
+// a record that cannot be held to settle the counter refuses, told the same way.
+//
+// The operating-system user is the account of the process's real user id, read
+// from the user database; the environment (`USER` and the like) is not asked.
 
 #include "core/database.h"
+#include "core/login_attempts.h"
 
 #include <QString>
 #include <QStringList>
@@ -30,7 +38,6 @@ namespace co {
 
 // The initial value that makes the prompt an empty masked box.
 inline const QString kValorClaveOculta = QStringLiteral("Password");
-inline constexpr int kMaximoAccesosFallidos = 3;
 
 struct OpcionesIdentificacion {
     bool AutenticacionWindows = false;
@@ -44,7 +51,8 @@ struct SesionUsuario {
     QStringList CamposNoVisibles;
 };
 
-// The user name of the operating system for this process.
+// The account name of the process's real user id; empty when the user
+// database has no entry for it.
 QString NombreUsuarioSistema();
 
 // True when the login is accepted; `codigo` then holds the stored code.

@@ -1,5 +1,6 @@
 #include "core/user_table.h"
 
+#include "core/backend.h"
 #include "core/sql_text.h"
 
 namespace co {
@@ -23,11 +24,13 @@ QString queryFailure(TModuloDatos &datos, const QString &sql) {
     return failed(result) ? result : QStringLiteral("Error.");
 }
 
+// `suffix` ends the statement: the back-end's row lock, or nothing.
 std::optional<UserRecord> selectExact(TModuloDatos &datos, const QString &codigo, QString *motivo,
-                                      bool *ok) {
+                                      bool *ok, const QString &suffix = {}) {
     Consulta q;
     q.DatabaseName = kConexionUsuario;
-    q.SQL = QStringLiteral("SELECT * FROM USUARIO WHERE Codigo = ") + Entrecomillar(codigo);
+    q.SQL =
+        QStringLiteral("SELECT * FROM USUARIO WHERE Codigo = ") + Entrecomillar(codigo) + suffix;
     *ok = datos.AbrirConsulta(q, QStringLiteral("Silencio"));
     if (!*ok) {
         setReason(motivo, queryFailure(datos, q.SQL));
@@ -77,6 +80,14 @@ std::optional<UserRecord> findUser(TModuloDatos &datos, const QString &codigo, Q
     if (!stored || stored->isEmpty())
         return std::nullopt;
     return selectExact(datos, *stored, motivo, &ok);
+}
+
+std::optional<UserRecord> lockUser(TModuloDatos &datos, const QString &codigo, QString *motivo) {
+    if (codigo.contains(QChar(0)))
+        return std::nullopt;
+    bool ok = true;
+    return selectExact(datos, codigo, motivo, &ok,
+                       traitsOf(datos.sesion().backend()).rowLockClause);
 }
 
 bool insertUser(TModuloDatos &datos, const UserRecord &r, QString *motivo) {

@@ -37,6 +37,11 @@ inline const QString kConexionUsuario = QStringLiteral("DatabaseGeneral");
 std::optional<UserRecord> findUser(TModuloDatos &datos, const QString &codigo,
                                    QString *motivo = nullptr);
 
+// Inside a transaction on `kConexionUsuario`: the record with exactly code
+// `codigo`, read and held against other writers until the transaction ends.
+std::optional<UserRecord> lockUser(TModuloDatos &datos, const QString &codigo,
+                                   QString *motivo = nullptr);
+
 // Appends a record; false with `motivo` on failure (a taken code included).
 bool insertUser(TModuloDatos &datos, const UserRecord &record, QString *motivo = nullptr);
 

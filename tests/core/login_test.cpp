@@ -1,13 +1,20 @@
 // `IdentificarUsuario` on both back-ends: the prompts, unknown and empty codes,
-// passwords in clear and hashed, the failure counter and the lock-out, profiles,
-// the operating-system login, hostile text and records that cannot be saved.
+// passwords in clear and hashed, the failure counter and the lock-out, other
+// sessions changing the user while the password is typed, an unanswered
+// prompt, profiles, the operating-system login and its identity, hostile text
+// and records that cannot be saved.
 #include "core/login.h"
 #include "core/password_hash.h"
 #include "core/users.h"
 
 #include "user_fixture.h"
 
+#include <QProcess>
+#include <functional>
 #include <gtest/gtest.h>
+#include <optional>
+#include <utility>
+#include <vector>
 
 namespace co {
 namespace {
@@ -177,6 +184,28 @@ TEST_P(Login, UnreadableCounterCountsAsZero) {
     EXPECT_EQ(counter(kAna), QStringLiteral("1"));
 }
 
+TEST_P(Login, CounterBeyondAnyNumberStillLocksAndANegativeOneCountsAsZero) {
+    withPassword(kAna, QStringLiteral("buena"));
+    setField(kAna, QStringLiteral("Configuracion"),
+             QStringLiteral("ContadorAccesos=99999999999999999999"));
+    EXPECT_FALSE(login(kAna));
+    EXPECT_EQ(messages_.texts(), QStringList({kPideCodigo, kRevocado}));
+    setField(kAna, QStringLiteral("Configuracion"), QStringLiteral("ContadorAccesos=-7"));
+    EXPECT_FALSE(login(kAna, QStringLiteral("mala")));
+    EXPECT_EQ(counter(kAna), QStringLiteral("1"));
+}
+
+TEST(FailedLoginCount, ReadsTheCounterOfAConfigurationBlock) {
+    EXPECT_EQ(failedLoginCount(QString()), 0);
+    EXPECT_EQ(failedLoginCount(QStringLiteral("VisualizacionPrevia=NO")), 0);
+    EXPECT_EQ(failedLoginCount(QStringLiteral("A=1\r\nContadorAccesos= 2 \r\nB=3")), 2);
+    EXPECT_EQ(failedLoginCount(QStringLiteral("ContadorAccesos=muchos")), 0);
+    EXPECT_EQ(failedLoginCount(QStringLiteral("ContadorAccesos=-3")), 0);
+    EXPECT_EQ(failedLoginCount(QStringLiteral("ContadorAccesos=+4")), 4);
+    EXPECT_GE(failedLoginCount(QStringLiteral("ContadorAccesos=4294967296")),
+              kMaximoAccesosFallidos);
+}
+
 TEST_P(Login, ClearTextPasswordIsReplacedByItsHashOnTheNextGoodLogin) {
     addUser(QStringLiteral("viejo"), QStringLiteral("Normal"), QStringLiteral("antigua"));
     EXPECT_FALSE(login(QStringLiteral("viejo"), QStringLiteral("ANTIGUA")));
@@ -265,6 +294,192 @@ TEST_P(Login, SystemLoginFindsAnExistingUserInAnyCaseAndAsksNoPassword) {
     EXPECT_EQ(general(QStringLiteral("SELECT COUNT(*) FROM USUARIO")), QStringLiteral("1"));
 }
 
+TEST_P(Login, UnansweredPasswordPromptRefusesAndCountsNothing) {
+    withPassword(kAna, QStringLiteral("buena"));
+    setField(kAna, QStringLiteral("Configuracion"), QStringLiteral("ContadorAccesos=2"));
+    // Three runs with nobody to type would lock the user out if they counted.
+    for (int i = 0; i < 3; ++i) {
+        messages_.clear();
+        messages_.answer(kAna);
+        messages_.cancel();
+        QString code;
+        EXPECT_FALSE(IdentificarUsuario(*datos_, code, opciones_));
+        EXPECT_EQ(messages_.texts(), QStringList({kPideCodigo, kPideClave}));
+    }
+    EXPECT_EQ(counter(kAna), QStringLiteral("2"));
+    EXPECT_TRUE(sesion_->CodigoUsuario.isEmpty());
+    EXPECT_TRUE(login(kAna, QStringLiteral("buena")));
+    EXPECT_EQ(counter(kAna), QStringLiteral("0"));
+}
+
+TEST_P(Login, CancelledPromptIsNotThePromptsOwnValue) {
+    // The masked box is asked for with "Password" as its value: a cancel must
+    // not hand that value back as the password typed.
+    withPassword(kAna, kValorClaveOculta);
+    messages_.clear();
+    messages_.answer(kAna);
+    messages_.cancel();
+    QString code;
+    EXPECT_FALSE(IdentificarUsuario(*datos_, code, opciones_));
+    EXPECT_TRUE(sesion_->CodigoUsuario.isEmpty());
+    EXPECT_EQ(counter(kAna), QStringLiteral("0"));
+    EXPECT_TRUE(login(kAna, kValorClaveOculta));
+}
+
+// Another session (another process, in real life) works on the same user
+// while this one waits for the password to be typed.
+class LoginWhileOthersWork : public Login {
+protected:
+    // Runs `meanwhile` when the password prompt shows, then answers it.
+    class PromptHook : public ScriptedMessages {
+    public:
+        std::function<void()> meanwhile;
+        std::optional<QString> ask(const QString &title, const QString &text,
+                                   const QString &value) override {
+            if (text == kPideClave && meanwhile)
+                std::exchange(meanwhile, nullptr)();
+            return ScriptedMessages::ask(title, text, value);
+        }
+    };
+
+    void SetUp() override {
+        Login::SetUp();
+        if (HasFatalFailure())
+            return;
+        sesion_->mensajes().setPort(&hook_);
+        otraSesion_ = std::make_unique<TfGENEINIC>(settings_, &otherMessages_);
+        QString motivo;
+        ASSERT_TRUE(otraSesion_->Conectar(&motivo)) << motivo.toStdString();
+        otra_ = std::make_unique<TModuloDatos>(*otraSesion_);
+    }
+
+    void TearDown() override {
+        otra_.reset();
+        otraSesion_.reset();
+        Login::TearDown();
+    }
+
+    bool loginWhile(const QString &clave, std::function<void()> meanwhile) {
+        hook_.clear();
+        hook_.answer(kAna);
+        hook_.answer(clave);
+        hook_.meanwhile = std::move(meanwhile);
+        QString code;
+        return IdentificarUsuario(*datos_, code, opciones_);
+    }
+
+    void otherSetsCounter(const QString &value) {
+        ASSERT_TRUE(GuardarValorUsuario(*otra_, kAna, QStringLiteral("ContadorAccesos"), value));
+    }
+
+    PromptHook hook_;
+    ScriptedMessages otherMessages_;
+    std::unique_ptr<TfGENEINIC> otraSesion_;
+    std::unique_ptr<TModuloDatos> otra_;
+};
+
+TEST_P(LoginWhileOthersWork, RightPasswordIsRefusedWhenOthersLockedTheUserOutMeanwhile) {
+    withPassword(kAna, QStringLiteral("buena"));
+    EXPECT_FALSE(
+        loginWhile(QStringLiteral("buena"), [&] { otherSetsCounter(QStringLiteral("3")); }));
+    EXPECT_EQ(hook_.texts(), QStringList({kPideCodigo, kPideClave, kRevocado}));
+    EXPECT_EQ(counter(kAna), QStringLiteral("3"));
+    EXPECT_TRUE(sesion_->CodigoUsuario.isEmpty());
+}
+
+TEST_P(LoginWhileOthersWork, WrongPasswordAddsToWhatOthersCountedMeanwhile) {
+    withPassword(kAna, QStringLiteral("buena"));
+    EXPECT_FALSE(
+        loginWhile(QStringLiteral("mala"), [&] { otherSetsCounter(QStringLiteral("2")); }));
+    EXPECT_EQ(hook_.texts(), QStringList({kPideCodigo, kPideClave, kIncorrecta}));
+    EXPECT_EQ(counter(kAna), QStringLiteral("3"));
+    hook_.clear();
+    hook_.answer(kAna);
+    QString code;
+    EXPECT_FALSE(IdentificarUsuario(*datos_, code, opciones_));
+    EXPECT_EQ(hook_.texts(), QStringList({kPideCodigo, kRevocado}));
+}
+
+TEST_P(LoginWhileOthersWork, RightPasswordClearsWhatOthersCountedMeanwhile) {
+    withPassword(kAna, QStringLiteral("buena"));
+    EXPECT_TRUE(
+        loginWhile(QStringLiteral("buena"), [&] { otherSetsCounter(QStringLiteral("2")); }));
+    EXPECT_EQ(counter(kAna), QStringLiteral("0"));
+    EXPECT_EQ(sesion_->CodigoUsuario, kAna);
+}
+
+TEST_P(LoginWhileOthersWork, PasswordChangedMeanwhileIsCheckedAgainstTheNewOne) {
+    withPassword(kAna, QStringLiteral("buena"));
+    auto changeTo = [&](const QString &clave) {
+        return [this, clave] { ASSERT_TRUE(GuardarClaveAcceso(*otra_, kAna, clave)); };
+    };
+    // The old password no longer opens, even though it was right when asked for.
+    EXPECT_FALSE(loginWhile(QStringLiteral("buena"), changeTo(QStringLiteral("nueva"))));
+    EXPECT_EQ(hook_.texts().value(2), kIncorrecta);
+    EXPECT_EQ(counter(kAna), QStringLiteral("1"));
+    EXPECT_FALSE(loginWhile(QStringLiteral("nueva"), changeTo(QStringLiteral("otra"))));
+    EXPECT_EQ(counter(kAna), QStringLiteral("2"));
+    EXPECT_TRUE(loginWhile(QStringLiteral("final"), changeTo(QStringLiteral("final"))));
+    EXPECT_EQ(counter(kAna), QStringLiteral("0"));
+    EXPECT_TRUE(verifyPassword(user(kAna).ClaveAcceso, QStringLiteral("final")));
+}
+
+TEST_P(LoginWhileOthersWork, UserRemovedMeanwhileIsRefused) {
+    withPassword(kAna, QStringLiteral("buena"));
+    EXPECT_FALSE(loginWhile(QStringLiteral("buena"), [&] {
+        otra_->EjecutarSQL(QStringLiteral("DELETE FROM USUARIO WHERE Codigo = 'ana'"),
+                           QStringLiteral("DatabaseGeneral"));
+    }));
+    EXPECT_TRUE(sesion_->CodigoUsuario.isEmpty());
+    EXPECT_EQ(hook_.texts(), QStringList({kPideCodigo, kPideClave, kNoDefinido}));
+}
+
+TEST_P(LoginWhileOthersWork, LoginInsideATransactionInCourseLeavesItAlone) {
+    withPassword(kAna, QStringLiteral("buena"));
+    ASSERT_TRUE(sesion_->IniciarTransaccion(QStringLiteral("DatabaseGeneral")));
+    general(QStringLiteral("UPDATE USUARIO SET Nombre = 'a medias' WHERE Codigo = 'ana'"));
+    EXPECT_FALSE(loginWhile(QStringLiteral("mala"), nullptr));
+    EXPECT_TRUE(hook_.texts().value(2).startsWith(kNoGrabada))
+        << hook_.texts().value(2).toStdString();
+    EXPECT_TRUE(sesion_->TransaccionActiva());
+    EXPECT_EQ(general(QStringLiteral("SELECT Nombre FROM USUARIO WHERE Codigo = 'ana'")),
+              QStringLiteral("a medias"));
+    ASSERT_TRUE(sesion_->CancelarTransaccion(QStringLiteral("DatabaseGeneral")));
+    EXPECT_EQ(user(kAna).Nombre, QStringLiteral("Nombre de ana"));
+    EXPECT_EQ(counter(kAna), QStringLiteral("0"));
+}
+
+// The account of the process, as the system tells it apart from this program.
+QString accountName() {
+    QProcess id;
+    id.start(QStringLiteral("id"), {QStringLiteral("-un")});
+    id.waitForFinished(10000);
+    return QString::fromLocal8Bit(id.readAllStandardOutput()).trimmed();
+}
+
+TEST(SystemUserName, IsTheProcessAccountWhateverTheEnvironmentClaims) {
+    const QString account = accountName();
+    ASSERT_FALSE(account.isEmpty());
+    ASSERT_NE(account, QStringLiteral("ADMIN"));
+    const char *names[] = {"USER", "LOGNAME", "USERNAME"};
+    std::vector<std::optional<QByteArray>> saved;
+    for (const char *name : names)
+        saved.push_back(qEnvironmentVariableIsSet(name) ? std::optional(qgetenv(name))
+                                                        : std::nullopt);
+    for (const char *name : names)
+        qputenv(name, "ADMIN");
+    const QString claimed = NombreUsuarioSistema();
+    for (const char *name : names)
+        qunsetenv(name);
+    const QString unset = NombreUsuarioSistema();
+    for (std::size_t i = 0; i < saved.size(); ++i) {
+        if (saved[i])
+            qputenv(names[i], *saved[i]);
+    }
+    EXPECT_EQ(claimed, account);
+    EXPECT_EQ(unset, account);
+}
+
 // A `USUARIO` made by hand with a check that makes chosen writes fail.
 class LoginWithFailingWrites : public Login {
 protected:
@@ -313,6 +528,7 @@ TEST_P(LoginWithFailingWrites, UnsavedHashKeepsTheClearPasswordAndTheLogin) {
 
 CO_ON_BOTH_BACKENDS(Login);
 CO_ON_BOTH_BACKENDS(LoginWithFailingWrites);
+CO_ON_BOTH_BACKENDS(LoginWhileOthersWork);
 
 } // namespace
 } // namespace co
