@@ -6,6 +6,7 @@
 //   control-obras-cli programas --dir DIR [U=CODE | --usuario CODE] [--empresa N]
 //   control-obras-cli diccionario --dir DIR [--idioma Ingles] [--archivo FILE]
 //   control-obras-cli listado-tarifas --dir DIR --pdf FILE [U=CODE] [--empresa N]
+//   control-obras-cli demo --dir DIR [--escala N] [--semilla S] [--forzar] [U=CODE]
 //
 // Commands after init log in as the desktop program does; the password comes
 // from CONTROL_OBRAS_CLAVE or is asked on the terminal. Without a user the
@@ -18,12 +19,13 @@
 #include "core/rights.h"
 #include "core/startup.h"
 #include "core/text_utils.h"
+#include "demo/demo_company.h"
 #include "reports/listing_environment.h"
 #include "reports/rate_listing.h"
 
-#include <QGuiApplication>
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
 #include <QTextStream>
 #include <cstdio>
 #include <optional>
@@ -50,15 +52,22 @@ void print(FILE *to, const QString &text) {
 }
 
 int usage() {
-    print(stderr, QStringLiteral(
-                      "Uso:\n"
-                      "  control-obras-cli init --dir CARPETA [--tipo PostgreSQL --servidor \"host=... port=... dbname=...\"]\n"
-                      "  control-obras-cli sql --dir CARPETA [U=USUARIO | --usuario USUARIO] [--empresa N] "
-                      "[--conexion PALABRA] [--opciones PALABRAS] \"SENTENCIA\"\n"
-                      "  control-obras-cli sql --dir CARPETA [...] --archivo ARCHIVO\n"
-                      "  control-obras-cli programas --dir CARPETA [U=USUARIO | --usuario USUARIO] [--empresa N]\n"
-                      "  control-obras-cli diccionario --dir CARPETA [--idioma Ingles] [--archivo ARCHIVO]\n"
-                      "  control-obras-cli listado-tarifas --dir CARPETA --pdf ARCHIVO [U=USUARIO] [--empresa N]\n"));
+    print(
+        stderr,
+        QStringLiteral(
+            "Uso:\n"
+            "  control-obras-cli init --dir CARPETA [--tipo PostgreSQL --servidor \"host=... "
+            "port=... dbname=...\"]\n"
+            "  control-obras-cli sql --dir CARPETA [U=USUARIO | --usuario USUARIO] [--empresa N] "
+            "[--conexion PALABRA] [--opciones PALABRAS] \"SENTENCIA\"\n"
+            "  control-obras-cli sql --dir CARPETA [...] --archivo ARCHIVO\n"
+            "  control-obras-cli programas --dir CARPETA [U=USUARIO | --usuario USUARIO] "
+            "[--empresa N]\n"
+            "  control-obras-cli diccionario --dir CARPETA [--idioma Ingles] [--archivo ARCHIVO]\n"
+            "  control-obras-cli listado-tarifas --dir CARPETA --pdf ARCHIVO [U=USUARIO] "
+            "[--empresa N]\n"
+            "  control-obras-cli demo --dir CARPETA [--escala N] [--semilla S] [--forzar] "
+            "[U=USUARIO]\n"));
     return 2;
 }
 
@@ -67,10 +76,10 @@ std::optional<Arguments> parse(const QStringList &args) {
         return std::nullopt;
     Arguments a;
     a.command = args[1];
-    static const QStringList withValue = {QStringLiteral("--dir"),     QStringLiteral("--conexion"), QStringLiteral("--opciones"),
-                                          QStringLiteral("--archivo"), QStringLiteral("--tipo"),     QStringLiteral("--servidor"),
-                                          QStringLiteral("--empresa"), QStringLiteral("--usuario"),
-                                          QStringLiteral("--idioma")};
+    static const QStringList withValue = {
+        QStringLiteral("--dir"),     QStringLiteral("--conexion"), QStringLiteral("--opciones"),
+        QStringLiteral("--archivo"), QStringLiteral("--tipo"),     QStringLiteral("--servidor"),
+        QStringLiteral("--empresa"), QStringLiteral("--usuario"),  QStringLiteral("--idioma")};
     for (int i = 2; i < args.size(); ++i) {
         const QString &arg = args[i];
         if (arg.size() > 2 && arg.left(2).toUpper() == u"U=") {
@@ -173,7 +182,8 @@ int sql(const Arguments &a) {
     if (!a.archivo.isEmpty()) {
         QFile file(a.archivo);
         if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-            print(stderr, QStringLiteral("No ha sido posible leer el archivo %1.\n").arg(a.archivo));
+            print(stderr,
+                  QStringLiteral("No ha sido posible leer el archivo %1.\n").arg(a.archivo));
             return 1;
         }
         QTextStream in(&file);
@@ -193,7 +203,10 @@ int sql(const Arguments &a) {
         return 1;
     co::TModuloDatos &datos = app->datos();
     if (!co::EsAdministrador(datos, app->sesion().CodigoUsuario, QStringLiteral("Silencio"))) {
-        print(stderr, QStringLiteral("¡Sólo los usuarios de categoría Administrador pueden ejecutar sentencias SQL!\n"));
+        print(
+            stderr,
+            QStringLiteral(
+                "¡Sólo los usuarios de categoría Administrador pueden ejecutar sentencias SQL!\n"));
         return 1;
     }
     int status = 0;
@@ -215,14 +228,17 @@ int programas(const Arguments &a) {
     if (!app)
         return 1;
     print(stdout, QStringLiteral("%1: %2 (%3)\n")
-                      .arg(co::Aplicacion::NombrePrograma(), app->sesion().NombreEmpresa, app->sesion().CodigoUsuario));
+                      .arg(co::Aplicacion::NombrePrograma(), app->sesion().NombreEmpresa,
+                           app->sesion().CodigoUsuario));
     for (const co::EntradaMenu &e : co::EntradasMenuPrincipal()) {
         const QString programa = co::SinAmpersand(e.caption);
-        const QString nivel = e.pruebaDerechos
-                                  ? co::NivelAccesoPrograma(app->datos(), app->sesion().CodigoUsuario, programa)
-                                  : QString(co::kNivelTotal);
+        const QString nivel =
+            e.pruebaDerechos
+                ? co::NivelAccesoPrograma(app->datos(), app->sesion().CodigoUsuario, programa)
+                : QString(co::kNivelTotal);
         if (nivel != co::kNivelNinguno)
-            print(stdout, co::SinAmpersand(e.grupo) + QStringLiteral(" | ") + programa + QStringLiteral(" | ") + nivel + u'\n');
+            print(stdout, co::SinAmpersand(e.grupo) + QStringLiteral(" | ") + programa +
+                              QStringLiteral(" | ") + nivel + u'\n');
     }
     return 0;
 }
@@ -235,7 +251,8 @@ int diccionario(const Arguments &a) {
     if (!app.Iniciar())
         return 1;
     const QString archivo = a.archivo.isEmpty()
-                                ? QDir(co::CarpetaDatosAplicacion()).filePath(QStringLiteral("IDIOMA_%1.txt").arg(a.idioma))
+                                ? QDir(co::CarpetaDatosAplicacion())
+                                      .filePath(QStringLiteral("IDIOMA_%1.txt").arg(a.idioma))
                                 : a.archivo;
     QString motivo;
     if (!co::CargarDiccionario(app.datos(), a.idioma, archivo, &motivo)) {
@@ -259,6 +276,61 @@ int listadoTarifas(const Arguments &a) {
     return co::ImprimirReport(report, QStringLiteral("PDF:") + a.positional.at(pdf + 1)) ? 0 : 1;
 }
 
+// Fills company 1 with the demo contractor: masters, works and a year of
+// reports (times --escala), the same rows for the same --semilla.
+int demo(const Arguments &a) {
+    co::demo::OpcionesDemo opciones;
+    for (int i = 0; i < a.positional.size(); ++i) {
+        const QString &arg = a.positional.at(i);
+        if (arg == u"--forzar") {
+            opciones.forzar = true;
+            continue;
+        }
+        if ((arg != u"--escala" && arg != u"--semilla") || i + 1 >= a.positional.size())
+            return usage();
+        const QString valor = a.positional.at(++i);
+        bool ok = false;
+        if (arg == u"--escala")
+            opciones.escala = valor.toDouble(&ok);
+        else
+            opciones.semilla = valor.toULongLong(&ok);
+        if (!ok) {
+            print(stderr, QStringLiteral("¡El valor de %1 es incorrecto! Repita por favor\n")
+                              .arg(arg == u"--escala" ? QStringLiteral("Escala")
+                                                      : QStringLiteral("Semilla")));
+            return 1;
+        }
+    }
+    Arguments empresa1 = a;
+    empresa1.empresa = 1;
+    co::cli::CliMessages port;
+    const std::unique_ptr<co::Aplicacion> app = entrar(empresa1, port);
+    if (!app)
+        return 1;
+    co::TModuloDatos &datos = app->datos();
+    if (!co::EsAdministrador(datos, app->sesion().CodigoUsuario, QStringLiteral("Silencio"))) {
+        print(stderr,
+              QStringLiteral(
+                  "¡Sólo los usuarios de categoría Administrador pueden crear la empresa de "
+                  "demostración!\n"));
+        return 1;
+    }
+    co::demo::RecuentoPartes recuento;
+    QString motivo;
+    if (!co::demo::CrearEmpresaDemo(datos, opciones, &recuento, &motivo)) {
+        print(stderr, motivo + u'\n');
+        return 1;
+    }
+    QStringList tablas;
+    for (auto it = recuento.filas.cbegin(); it != recuento.filas.cend(); ++it)
+        tablas << QStringLiteral("%1 %2").arg(it.key()).arg(it.value());
+    print(stdout, QStringLiteral("Empresa 1 de demostración creada: %1.\nPartes: %2 filas (%3).\n")
+                      .arg(app->sesion().NombreEmpresa)
+                      .arg(recuento.FilasPartes())
+                      .arg(tablas.join(QStringLiteral(", "))));
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -267,9 +339,9 @@ int main(int argc, char **argv) {
     const bool listado = argc > 1 && qstrcmp(argv[1], "listado-tarifas") == 0;
     if (listado && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    const std::unique_ptr<QCoreApplication> app = listado
-                                                      ? std::make_unique<QGuiApplication>(argc, argv)
-                                                      : std::make_unique<QCoreApplication>(argc, argv);
+    const std::unique_ptr<QCoreApplication> app =
+        listado ? std::make_unique<QGuiApplication>(argc, argv)
+                : std::make_unique<QCoreApplication>(argc, argv);
     const std::optional<Arguments> args = parse(app->arguments());
     if (!args)
         return usage();
@@ -283,5 +355,7 @@ int main(int argc, char **argv) {
         return diccionario(*args);
     if (args->command == u"listado-tarifas")
         return listadoTarifas(*args);
+    if (args->command == u"demo")
+        return demo(*args);
     return usage();
 }
