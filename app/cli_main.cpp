@@ -23,9 +23,9 @@
 #include "reports/listing_environment.h"
 #include "reports/rate_listing.h"
 
+#include <QGuiApplication>
 #include <QDir>
 #include <QFile>
-#include <QGuiApplication>
 #include <QTextStream>
 #include <cstdio>
 #include <optional>
@@ -52,22 +52,16 @@ void print(FILE *to, const QString &text) {
 }
 
 int usage() {
-    print(
-        stderr,
-        QStringLiteral(
-            "Uso:\n"
-            "  control-obras-cli init --dir CARPETA [--tipo PostgreSQL --servidor \"host=... "
-            "port=... dbname=...\"]\n"
-            "  control-obras-cli sql --dir CARPETA [U=USUARIO | --usuario USUARIO] [--empresa N] "
-            "[--conexion PALABRA] [--opciones PALABRAS] \"SENTENCIA\"\n"
-            "  control-obras-cli sql --dir CARPETA [...] --archivo ARCHIVO\n"
-            "  control-obras-cli programas --dir CARPETA [U=USUARIO | --usuario USUARIO] "
-            "[--empresa N]\n"
-            "  control-obras-cli diccionario --dir CARPETA [--idioma Ingles] [--archivo ARCHIVO]\n"
-            "  control-obras-cli listado-tarifas --dir CARPETA --pdf ARCHIVO [U=USUARIO] "
-            "[--empresa N]\n"
-            "  control-obras-cli demo --dir CARPETA [--escala N] [--semilla S] [--forzar] "
-            "[U=USUARIO]\n"));
+    print(stderr, QStringLiteral(
+                      "Uso:\n"
+                      "  control-obras-cli init --dir CARPETA [--tipo PostgreSQL --servidor \"host=... port=... dbname=...\"]\n"
+                      "  control-obras-cli sql --dir CARPETA [U=USUARIO | --usuario USUARIO] [--empresa N] "
+                      "[--conexion PALABRA] [--opciones PALABRAS] \"SENTENCIA\"\n"
+                      "  control-obras-cli sql --dir CARPETA [...] --archivo ARCHIVO\n"
+                      "  control-obras-cli programas --dir CARPETA [U=USUARIO | --usuario USUARIO] [--empresa N]\n"
+                      "  control-obras-cli diccionario --dir CARPETA [--idioma Ingles] [--archivo ARCHIVO]\n"
+                      "  control-obras-cli listado-tarifas --dir CARPETA --pdf ARCHIVO [U=USUARIO] [--empresa N]\n"
+                      "  control-obras-cli demo --dir CARPETA [--escala N] [--semilla S] [--forzar] [U=USUARIO]\n"));
     return 2;
 }
 
@@ -76,10 +70,10 @@ std::optional<Arguments> parse(const QStringList &args) {
         return std::nullopt;
     Arguments a;
     a.command = args[1];
-    static const QStringList withValue = {
-        QStringLiteral("--dir"),     QStringLiteral("--conexion"), QStringLiteral("--opciones"),
-        QStringLiteral("--archivo"), QStringLiteral("--tipo"),     QStringLiteral("--servidor"),
-        QStringLiteral("--empresa"), QStringLiteral("--usuario"),  QStringLiteral("--idioma")};
+    static const QStringList withValue = {QStringLiteral("--dir"),     QStringLiteral("--conexion"), QStringLiteral("--opciones"),
+                                          QStringLiteral("--archivo"), QStringLiteral("--tipo"),     QStringLiteral("--servidor"),
+                                          QStringLiteral("--empresa"), QStringLiteral("--usuario"),
+                                          QStringLiteral("--idioma")};
     for (int i = 2; i < args.size(); ++i) {
         const QString &arg = args[i];
         if (arg.size() > 2 && arg.left(2).toUpper() == u"U=") {
@@ -182,8 +176,7 @@ int sql(const Arguments &a) {
     if (!a.archivo.isEmpty()) {
         QFile file(a.archivo);
         if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-            print(stderr,
-                  QStringLiteral("No ha sido posible leer el archivo %1.\n").arg(a.archivo));
+            print(stderr, QStringLiteral("No ha sido posible leer el archivo %1.\n").arg(a.archivo));
             return 1;
         }
         QTextStream in(&file);
@@ -203,10 +196,7 @@ int sql(const Arguments &a) {
         return 1;
     co::TModuloDatos &datos = app->datos();
     if (!co::EsAdministrador(datos, app->sesion().CodigoUsuario, QStringLiteral("Silencio"))) {
-        print(
-            stderr,
-            QStringLiteral(
-                "¡Sólo los usuarios de categoría Administrador pueden ejecutar sentencias SQL!\n"));
+        print(stderr, QStringLiteral("¡Sólo los usuarios de categoría Administrador pueden ejecutar sentencias SQL!\n"));
         return 1;
     }
     int status = 0;
@@ -228,17 +218,14 @@ int programas(const Arguments &a) {
     if (!app)
         return 1;
     print(stdout, QStringLiteral("%1: %2 (%3)\n")
-                      .arg(co::Aplicacion::NombrePrograma(), app->sesion().NombreEmpresa,
-                           app->sesion().CodigoUsuario));
+                      .arg(co::Aplicacion::NombrePrograma(), app->sesion().NombreEmpresa, app->sesion().CodigoUsuario));
     for (const co::EntradaMenu &e : co::EntradasMenuPrincipal()) {
         const QString programa = co::SinAmpersand(e.caption);
-        const QString nivel =
-            e.pruebaDerechos
-                ? co::NivelAccesoPrograma(app->datos(), app->sesion().CodigoUsuario, programa)
-                : QString(co::kNivelTotal);
+        const QString nivel = e.pruebaDerechos
+                                  ? co::NivelAccesoPrograma(app->datos(), app->sesion().CodigoUsuario, programa)
+                                  : QString(co::kNivelTotal);
         if (nivel != co::kNivelNinguno)
-            print(stdout, co::SinAmpersand(e.grupo) + QStringLiteral(" | ") + programa +
-                              QStringLiteral(" | ") + nivel + u'\n');
+            print(stdout, co::SinAmpersand(e.grupo) + QStringLiteral(" | ") + programa + QStringLiteral(" | ") + nivel + u'\n');
     }
     return 0;
 }
@@ -251,8 +238,7 @@ int diccionario(const Arguments &a) {
     if (!app.Iniciar())
         return 1;
     const QString archivo = a.archivo.isEmpty()
-                                ? QDir(co::CarpetaDatosAplicacion())
-                                      .filePath(QStringLiteral("IDIOMA_%1.txt").arg(a.idioma))
+                                ? QDir(co::CarpetaDatosAplicacion()).filePath(QStringLiteral("IDIOMA_%1.txt").arg(a.idioma))
                                 : a.archivo;
     QString motivo;
     if (!co::CargarDiccionario(app.datos(), a.idioma, archivo, &motivo)) {
@@ -339,9 +325,9 @@ int main(int argc, char **argv) {
     const bool listado = argc > 1 && qstrcmp(argv[1], "listado-tarifas") == 0;
     if (listado && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    const std::unique_ptr<QCoreApplication> app =
-        listado ? std::make_unique<QGuiApplication>(argc, argv)
-                : std::make_unique<QCoreApplication>(argc, argv);
+    const std::unique_ptr<QCoreApplication> app = listado
+                                                      ? std::make_unique<QGuiApplication>(argc, argv)
+                                                      : std::make_unique<QCoreApplication>(argc, argv);
     const std::optional<Arguments> args = parse(app->arguments());
     if (!args)
         return usage();
