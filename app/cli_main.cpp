@@ -310,7 +310,7 @@ int demo(const Arguments &a) {
     QStringList tablas;
     for (auto it = recuento.filas.cbegin(); it != recuento.filas.cend(); ++it)
         tablas << QStringLiteral("%1 %2").arg(it.key()).arg(it.value());
-    print(stdout, QStringLiteral("Empresa 1 de demostración creada: %1.\nPartes: %2 filas (%3).\n")
+    print(stdout, QStringLiteral("Empresa 1 de demostración creada: %1\nPartes: %2 filas (%3).\n")
                       .arg(app->sesion().NombreEmpresa)
                       .arg(recuento.FilasPartes())
                       .arg(tablas.join(QStringLiteral(", "))));
