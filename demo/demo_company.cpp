@@ -137,6 +137,7 @@ bool CrearEmpresaDemo(TModuloDatos &datos, const OpcionesDemo &opciones, Recuent
     }
     const QString nombre = datos.EjecutarSQL(
         QStringLiteral("UPDATE EMPRESA SET Nombre = ") + Entrecomillar(plan.nombreEmpresa) +
+            QStringLiteral(", Abreviatura = ") + Entrecomillar(plan.abreviaturaEmpresa) +
             QStringLiteral(" WHERE Codigo = ") + QString::number(empresa),
         QStringLiteral("DatabaseGeneral"), QStringLiteral("Silenciosa"));
     if (fallo(nombre))

@@ -514,7 +514,12 @@ PlanDemo CrearPlan(std::uint64_t semilla) {
         QStringLiteral("Construcciones Almenara"), QStringLiteral("Obras y Reformas Tajuña"),
         QStringLiteral("Edificaciones Valdemoro"),
         QStringLiteral("Construcciones Hermanos Serrano"), QStringLiteral("Rehabilita Henares")};
-    const QString base = empresa.Elegir(nombres);
+    const QList<QString> abreviaturas{QStringLiteral("ALMENARA"), QStringLiteral("TAJUÑA"),
+                                      QStringLiteral("VALDEMORO"), QStringLiteral("HNOS. SERRANO"),
+                                      QStringLiteral("REHABILITA")};
+    const int cual = empresa.Entero(0, static_cast<int>(nombres.size()) - 1);
+    const QString base = nombres.at(cual);
+    plan.abreviaturaEmpresa = abreviaturas.at(cual);
     plan.nombreEmpresa = base + QStringLiteral(", S.L.");
     plan.cifEmpresa = CIF(u'B', empresa.Entero(1000000, 9999999));
     plan.direccionEmpresa =

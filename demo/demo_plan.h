@@ -113,8 +113,8 @@ struct IncidenciaDemo {
 
 struct PlanDemo {
     std::uint64_t semilla = 0;
-    QString nombreEmpresa, cifEmpresa, direccionEmpresa, codigoPostalEmpresa, poblacionEmpresa,
-        provinciaEmpresa, telefonoEmpresa, correoEmpresa;
+    QString nombreEmpresa, abreviaturaEmpresa, cifEmpresa, direccionEmpresa, codigoPostalEmpresa,
+        poblacionEmpresa, provinciaEmpresa, telefonoEmpresa, correoEmpresa;
     QList<SucursalDemo> sucursales;
     QList<PersonaDemo> clientes, proveedores;
     QList<OperarioDemo> operarios;
