@@ -6,6 +6,7 @@
 //   control-obras-cli programas --dir DIR [U=CODE | --usuario CODE] [--empresa N]
 //   control-obras-cli diccionario --dir DIR [--idioma Ingles] [--archivo FILE]
 //   control-obras-cli listado-tarifas --dir DIR --pdf FILE [U=CODE] [--empresa N]
+//   control-obras-cli demo --dir DIR [--escala N] [--semilla S] [--forzar] [U=CODE]
 //
 // Commands after init log in as the desktop program does; the password comes
 // from CONTROL_OBRAS_CLAVE or is asked on the terminal, and with neither the
@@ -20,6 +21,7 @@
 #include "core/sql_text.h"
 #include "core/startup.h"
 #include "core/text_utils.h"
+#include "demo/demo_company.h"
 #include "reports/listing_environment.h"
 #include "reports/rate_listing.h"
 
@@ -70,7 +72,8 @@ int usage() {
                       "  control-obras-cli sql --dir CARPETA [...] --archivo ARCHIVO\n"
                       "  control-obras-cli programas --dir CARPETA [U=USUARIO | --usuario USUARIO] [--empresa N]\n"
                       "  control-obras-cli diccionario --dir CARPETA [--idioma Ingles] [--archivo ARCHIVO]\n"
-                      "  control-obras-cli listado-tarifas --dir CARPETA --pdf ARCHIVO [U=USUARIO] [--empresa N]\n"));
+                      "  control-obras-cli listado-tarifas --dir CARPETA --pdf ARCHIVO [U=USUARIO] [--empresa N]\n"
+                      "  control-obras-cli demo --dir CARPETA [--escala N] [--semilla S] [--forzar] [U=USUARIO]\n"));
     return 2;
 }
 
@@ -293,6 +296,61 @@ int listadoTarifas(const Arguments &a) {
     return co::ImprimirReport(report, QStringLiteral("PDF:") + a.positional.at(pdf + 1)) ? 0 : 1;
 }
 
+// Fills company 1 with the demo contractor: masters, works and a year of
+// reports (times --escala), the same rows for the same --semilla.
+int demo(const Arguments &a) {
+    co::demo::OpcionesDemo opciones;
+    for (int i = 0; i < a.positional.size(); ++i) {
+        const QString &arg = a.positional.at(i);
+        if (arg == u"--forzar") {
+            opciones.forzar = true;
+            continue;
+        }
+        if ((arg != u"--escala" && arg != u"--semilla") || i + 1 >= a.positional.size())
+            return usage();
+        const QString valor = a.positional.at(++i);
+        bool ok = false;
+        if (arg == u"--escala")
+            opciones.escala = valor.toDouble(&ok);
+        else
+            opciones.semilla = valor.toULongLong(&ok);
+        if (!ok) {
+            print(stderr, QStringLiteral("¡El valor de %1 es incorrecto! Repita por favor\n")
+                              .arg(arg == u"--escala" ? QStringLiteral("Escala")
+                                                      : QStringLiteral("Semilla")));
+            return 1;
+        }
+    }
+    Arguments empresa1 = a;
+    empresa1.empresa = 1;
+    co::cli::CliMessages port;
+    const std::unique_ptr<co::Aplicacion> app = entrar(empresa1, port);
+    if (!app)
+        return 1;
+    co::TModuloDatos &datos = app->datos();
+    if (!co::EsAdministrador(datos, app->sesion().CodigoUsuario, QStringLiteral("Silencio"))) {
+        print(stderr,
+              QStringLiteral(
+                  "¡Sólo los usuarios de categoría Administrador pueden crear la empresa de "
+                  "demostración!\n"));
+        return 1;
+    }
+    co::demo::RecuentoPartes recuento;
+    QString motivo;
+    if (!co::demo::CrearEmpresaDemo(datos, opciones, &recuento, &motivo)) {
+        print(stderr, motivo + u'\n');
+        return 1;
+    }
+    QStringList tablas;
+    for (auto it = recuento.filas.cbegin(); it != recuento.filas.cend(); ++it)
+        tablas << QStringLiteral("%1 %2").arg(it.key()).arg(it.value());
+    print(stdout, QStringLiteral("Empresa 1 de demostración creada: %1\nPartes: %2 filas (%3).\n")
+                      .arg(app->sesion().NombreEmpresa)
+                      .arg(recuento.FilasPartes())
+                      .arg(tablas.join(QStringLiteral(", "))));
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -323,5 +381,7 @@ int main(int argc, char **argv) {
         return diccionario(*args);
     if (args->command == u"listado-tarifas")
         return listadoTarifas(*args);
+    if (args->command == u"demo")
+        return demo(*args);
     return usage();
 }

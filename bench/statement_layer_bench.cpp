@@ -1,5 +1,7 @@
 // EjecutarSQL against a raw QSqlQuery of the same statement, on both back-ends:
 // a 10,000-row SELECT and a single-row SELECT by key.
+#include "demo_bench.h"
+#include "demo_data.h"
 #include "core/database.h"
 #include "core/session.h"
 #include "grid_open_bench.h"
@@ -169,10 +171,12 @@ int main(int argc, char **argv) {
                         "BM_ReportCompose/100000", 20.0);
     co::bench::ImprimirRejillas(reporter);
     co::bench::ImprimirReescritura(reporter);
+    co::bench::ImprimirDemo(reporter);
     std::printf("\nSearch window from a key value against the raw indexed query (median of 15):\n");
     reporter.printRatio("Search, 100 of 1,000,000 rows, SQLite", "BM_Search_SQLite", "BM_SearchRaw_SQLite", 2.0);
     reporter.printRatio("Search, 100 of 1,000,000 rows, PostgreSQL", "BM_Search_PostgreSQL",
                         "BM_SearchRaw_PostgreSQL", 2.0);
+    co::bench::LiberarDemo();
     co::bench::ReleaseInstallations();
     benchmark::Shutdown();
     return 0;

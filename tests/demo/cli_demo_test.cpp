@@ -1,0 +1,100 @@
+// `control-obras-cli demo` as a script or `make run` calls it, on both back-ends.
+#include "support/layer_fixture.h"
+#include "support/test_postgres.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace co {
+namespace {
+
+struct Salida {
+    int estado;
+    QString out, err;
+};
+
+Salida cli(const QStringList &args) {
+    QProcess p;
+    p.start(QStringLiteral(CO_CLI_PATH), args);
+    p.waitForFinished(300000);
+    return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1,
+            QString::fromUtf8(p.readAllStandardOutput()),
+            QString::fromUtf8(p.readAllStandardError())};
+}
+
+class OrdenDemo : public ::testing::TestWithParam<Backend> {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir_.isValid());
+        settings_ = test::freshInstallation(GetParam(), dir_.path());
+        if (GetParam() == Backend::PostgreSQL) {
+            ASSERT_TRUE(EscribirInstalacion(dir_.path(), settings_));
+        }
+        const Salida r = cli({QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()});
+        ASSERT_EQ(r.estado, 0) << r.err.toStdString();
+    }
+    void TearDown() override { test::dropInstallation(settings_); }
+    Salida demo(const QStringList &mas) {
+        return cli(QStringList{QStringLiteral("demo"), QStringLiteral("--dir"), dir_.path()} + mas);
+    }
+    QString sql(const QString &sentencia, const QString &conexion = {}) {
+        QStringList args{QStringLiteral("sql"), QStringLiteral("--dir"), dir_.path()};
+        if (!conexion.isEmpty())
+            args << QStringLiteral("--conexion") << conexion;
+        return cli(args << sentencia).out;
+    }
+    QTemporaryDir dir_;
+    InstallationSettings settings_;
+};
+
+TEST_P(OrdenDemo, FillsCompanyOneOnceAndRefusesASecondTime) {
+    const Salida primera = demo({QStringLiteral("--escala"), QStringLiteral("0.02"),
+                                 QStringLiteral("--semilla"), QStringLiteral("5")});
+    ASSERT_EQ(primera.estado, 0) << primera.err.toStdString();
+    EXPECT_TRUE(primera.out.startsWith(QStringLiteral("Empresa 1 de demostración creada: ")))
+        << primera.out.toStdString();
+    const QString nombre = sql(QStringLiteral("SELECT Nombre FROM EMPRESA WHERE Codigo = 1"),
+                               QStringLiteral("DatabaseGeneral"));
+    EXPECT_TRUE(primera.out.contains(nombre)) << nombre.toStdString();
+    EXPECT_EQ(sql(QStringLiteral("SELECT COUNT(*) FROM OBRA")), QStringLiteral("15"));
+    const QString partes = sql(QStringLiteral("SELECT COUNT(*) FROM PARTEOB"));
+    EXPECT_GT(partes.toInt(), 0);
+
+    const Salida segunda = demo({QStringLiteral("--semilla"), QStringLiteral("6")});
+    EXPECT_EQ(segunda.estado, 1);
+    EXPECT_TRUE(segunda.err.contains(QStringLiteral("¡La empresa 1 ya tiene datos")))
+        << segunda.err.toStdString();
+    EXPECT_EQ(sql(QStringLiteral("SELECT COUNT(*) FROM PARTEOB")), partes);
+
+    const Salida forzada =
+        demo({QStringLiteral("--escala"), QStringLiteral("0.04"), QStringLiteral("--forzar")});
+    ASSERT_EQ(forzada.estado, 0) << forzada.err.toStdString();
+    EXPECT_GT(sql(QStringLiteral("SELECT COUNT(*) FROM PARTEOB")).toInt(), partes.toInt());
+}
+
+TEST_P(OrdenDemo, BadArgumentsAreToldAndWriteNothing) {
+    Salida r = demo({QStringLiteral("--escala"), QStringLiteral("mucha")});
+    EXPECT_EQ(r.estado, 1);
+    EXPECT_TRUE(
+        r.err.contains(QStringLiteral("¡El valor de Escala es incorrecto! Repita por favor")))
+        << r.err.toStdString();
+    r = demo({QStringLiteral("--semilla"), QStringLiteral("-3")});
+    EXPECT_EQ(r.estado, 1);
+    EXPECT_TRUE(r.err.contains(QStringLiteral("Semilla"))) << r.err.toStdString();
+    r = demo({QStringLiteral("--escala"), QStringLiteral("0")});
+    EXPECT_EQ(r.estado, 1);
+    EXPECT_TRUE(r.err.contains(QStringLiteral("¡La escala debe ser un número mayor que 0")))
+        << r.err.toStdString();
+    r = demo({QStringLiteral("--escala")});
+    EXPECT_EQ(r.estado, 2);
+    EXPECT_TRUE(r.err.contains(QStringLiteral("control-obras-cli demo"))) << r.err.toStdString();
+    EXPECT_EQ(sql(QStringLiteral("SELECT COUNT(*) FROM CLIENTE")), QStringLiteral("0"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Backends, OrdenDemo,
+                         ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
+                         test::backendName);
+
+} // namespace
+} // namespace co
