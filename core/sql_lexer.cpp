@@ -155,6 +155,8 @@ QStringList LiteralesDeSentencia(const QString &sql, Backend backend) {
 }
 
 bool HayVariasSentencias(const QString &sql, Backend backend) {
+    if (!sql.contains(u';'))
+        return false;
     // Code with every other piece blanked: only code can end a statement.
     QString code;
     code.reserve(sql.size());

@@ -2,6 +2,7 @@
 // meets it: settings that would reach statements, folders that do not exist, a
 // server that never answers, files that never end. Each must be refused with a
 // message naming what is wrong, and leave nothing made behind it.
+#include "support/cli_run.h"
 #include "support/layer_fixture.h"
 #include "support/test_postgres.h"
 
@@ -25,24 +26,11 @@
 namespace co {
 namespace {
 
-struct CliResult {
-    int status; // -1: killed after the wait, or crashed
-    QString out;
-    QString err;
-};
+using CliResult = test::CliRun;
 
 // A hang is a failure of its own: the process is killed after `waitMs`.
 CliResult cli(const QStringList &args, int waitMs = 120000) {
-    QProcess p;
-    p.start(QStringLiteral(CO_CLI_PATH), args);
-    if (!p.waitForFinished(waitMs)) {
-        p.kill();
-        p.waitForFinished();
-        return {-1, {}, QStringLiteral("(sin respuesta)")};
-    }
-    return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1,
-            QString::fromUtf8(p.readAllStandardOutput()),
-            QString::fromUtf8(p.readAllStandardError())};
+    return test::Ejecutar(args, QStringLiteral(CO_CLI_PATH), waitMs);
 }
 
 // Statements on the test server outside any installation.

@@ -1,6 +1,7 @@
 // `control-obras-cli listado-tarifas` on both back-ends: the rate listing of
 // the first company written as a PDF whose text holds the listing's lines, the
 // message of an empty listing, and a PDF path that cannot be written.
+#include "support/cli_run.h"
 #include "support/layer_fixture.h"
 #include "support/test_postgres.h"
 
@@ -12,19 +13,10 @@
 namespace co {
 namespace {
 
-struct Salida {
-    int status;
-    QString out;
-    QString err;
-};
+using Salida = test::CliRun;
 
 Salida ejecutar(const QString &programa, const QStringList &args) {
-    QProcess p;
-    p.start(programa, args);
-    p.waitForFinished(120000);
-    return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1,
-            QString::fromUtf8(p.readAllStandardOutput()),
-            QString::fromUtf8(p.readAllStandardError())};
+    return test::Ejecutar(args, programa);
 }
 
 class CliRateListing : public ::testing::TestWithParam<Backend> {
@@ -107,7 +99,8 @@ TEST_P(CliRateListing, AFullDeviceIsAFailureNotASuccess) {
                        "PrecioVenta) VALUES ('2', 'DIA', 'Día', '1', '2')"));
     const Salida lleno = listado(QStringLiteral("/dev/full"));
     EXPECT_NE(lleno.status, 0);
-    EXPECT_TRUE(lleno.err.contains(QStringLiteral("Se ha producido un error al generar el archivo PDF. Motivo: ")))
+    EXPECT_TRUE(lleno.err.contains(
+        QStringLiteral("Se ha producido un error al generar el archivo PDF. Motivo: ")))
         << lleno.err.toStdString();
 }
 

@@ -2,6 +2,7 @@
 // bursts of processes guessing one user's password at once, runs with nobody
 // to type a password, an environment that claims another identity, and blank
 // user codes.
+#include "support/cli_run.h"
 #include "support/layer_fixture.h"
 #include "support/test_postgres.h"
 
@@ -22,17 +23,10 @@ const QString kRevocado = QStringLiteral("¡Su derecho de acceso ha sido revocad
 const QString kSinClave = QStringLiteral("¡No se ha indicado la Clave de Acceso!");
 const QString kSinCodigo = QStringLiteral("¡No se ha indicado el código de usuario!");
 
-struct CliRun {
-    int status;
-    QString out;
-    QString err;
-};
+using test::CliRun;
 
 CliRun finish(QProcess &p) {
-    p.waitForFinished(300000);
-    return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1,
-            QString::fromUtf8(p.readAllStandardOutput()),
-            QString::fromUtf8(p.readAllStandardError())};
+    return test::TerminarProceso(p);
 }
 
 class CliLogin : public ::testing::TestWithParam<Backend> {

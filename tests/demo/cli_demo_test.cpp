@@ -1,4 +1,5 @@
 // `control-obras-cli demo` as a script or `make run` calls it, on both back-ends.
+#include "support/cli_run.h"
 #include "support/layer_fixture.h"
 #include "support/test_postgres.h"
 
@@ -9,18 +10,10 @@
 namespace co {
 namespace {
 
-struct Salida {
-    int estado;
-    QString out, err;
-};
+using Salida = test::CliRun;
 
 Salida cli(const QStringList &args) {
-    QProcess p;
-    p.start(QStringLiteral(CO_CLI_PATH), args);
-    p.waitForFinished(300000);
-    return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1,
-            QString::fromUtf8(p.readAllStandardOutput()),
-            QString::fromUtf8(p.readAllStandardError())};
+    return test::Ejecutar(args);
 }
 
 class OrdenDemo : public ::testing::TestWithParam<Backend> {
@@ -32,7 +25,7 @@ protected:
             ASSERT_TRUE(EscribirInstalacion(dir_.path(), settings_));
         }
         const Salida r = cli({QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()});
-        ASSERT_EQ(r.estado, 0) << r.err.toStdString();
+        ASSERT_EQ(r.status, 0) << r.err.toStdString();
     }
     void TearDown() override { test::dropInstallation(settings_); }
     Salida demo(const QStringList &mas) {
@@ -51,7 +44,7 @@ protected:
 TEST_P(OrdenDemo, FillsCompanyOneOnceAndRefusesASecondTime) {
     const Salida primera = demo({QStringLiteral("--escala"), QStringLiteral("0.02"),
                                  QStringLiteral("--semilla"), QStringLiteral("5")});
-    ASSERT_EQ(primera.estado, 0) << primera.err.toStdString();
+    ASSERT_EQ(primera.status, 0) << primera.err.toStdString();
     EXPECT_TRUE(primera.out.startsWith(QStringLiteral("Empresa 1 de demostración creada: ")))
         << primera.out.toStdString();
     const QString nombre = sql(QStringLiteral("SELECT Nombre FROM EMPRESA WHERE Codigo = 1"),
@@ -62,32 +55,32 @@ TEST_P(OrdenDemo, FillsCompanyOneOnceAndRefusesASecondTime) {
     EXPECT_GT(partes.toInt(), 0);
 
     const Salida segunda = demo({QStringLiteral("--semilla"), QStringLiteral("6")});
-    EXPECT_EQ(segunda.estado, 1);
+    EXPECT_EQ(segunda.status, 1);
     EXPECT_TRUE(segunda.err.contains(QStringLiteral("¡La empresa 1 ya tiene datos")))
         << segunda.err.toStdString();
     EXPECT_EQ(sql(QStringLiteral("SELECT COUNT(*) FROM PARTEOB")), partes);
 
     const Salida forzada =
         demo({QStringLiteral("--escala"), QStringLiteral("0.04"), QStringLiteral("--forzar")});
-    ASSERT_EQ(forzada.estado, 0) << forzada.err.toStdString();
+    ASSERT_EQ(forzada.status, 0) << forzada.err.toStdString();
     EXPECT_GT(sql(QStringLiteral("SELECT COUNT(*) FROM PARTEOB")).toInt(), partes.toInt());
 }
 
 TEST_P(OrdenDemo, BadArgumentsAreToldAndWriteNothing) {
     Salida r = demo({QStringLiteral("--escala"), QStringLiteral("mucha")});
-    EXPECT_EQ(r.estado, 1);
+    EXPECT_EQ(r.status, 1);
     EXPECT_TRUE(
         r.err.contains(QStringLiteral("¡El valor de Escala es incorrecto! Repita por favor")))
         << r.err.toStdString();
     r = demo({QStringLiteral("--semilla"), QStringLiteral("-3")});
-    EXPECT_EQ(r.estado, 1);
+    EXPECT_EQ(r.status, 1);
     EXPECT_TRUE(r.err.contains(QStringLiteral("Semilla"))) << r.err.toStdString();
     r = demo({QStringLiteral("--escala"), QStringLiteral("0")});
-    EXPECT_EQ(r.estado, 1);
+    EXPECT_EQ(r.status, 1);
     EXPECT_TRUE(r.err.contains(QStringLiteral("¡La escala debe ser un número mayor que 0")))
         << r.err.toStdString();
     r = demo({QStringLiteral("--escala")});
-    EXPECT_EQ(r.estado, 2);
+    EXPECT_EQ(r.status, 2);
     EXPECT_TRUE(r.err.contains(QStringLiteral("control-obras-cli demo"))) << r.err.toStdString();
     EXPECT_EQ(sql(QStringLiteral("SELECT COUNT(*) FROM CLIENTE")), QStringLiteral("0"));
 }
