@@ -225,6 +225,26 @@ protected:
         }
     };
 
+    // Trial `n` of `orden`: the first runs whole and counts its crash points,
+    // the others are cut at a point or after a delay. `cuando` tells which.
+    Corrida probar(int n, const QStringList &orden, Cifras &cifras, qint64 cola, bool soloCola,
+                   QString *cuando) {
+        Corte corte;
+        Corrida r;
+        if (n == 0) {
+            r = medir(orden, cifras);
+        } else {
+            corte = elegir(n, cifras, cola, soloCola);
+            r = lanzar(orden, corte);
+            anotar(cifras, corte, r);
+        }
+        *cuando = QStringLiteral("prueba %1, punto %2, retardo %3 ms")
+                      .arg(n)
+                      .arg(corte.punto)
+                      .arg(corte.retardoMs);
+        return r;
+    }
+
     std::unique_ptr<Vista> abrir(const QString &dir) {
         auto v = std::make_unique<Vista>();
         EXPECT_TRUE(LeerInstalacion(dir, &v->settings));
@@ -271,20 +291,11 @@ TEST_P(CaidasPrograma, InitKilledAnywhereLeavesWholeTablesAndTheNextRunGoesOn) {
         ASSERT_TRUE(dir.isValid());
         nueva(dir);
         const QStringList init = {QStringLiteral("init"), QStringLiteral("--dir"), dir.path()};
-        Corte corte;
-        Corrida r;
+        QString cuando;
+        const Corrida r = probar(n, init, cifras, 12, false, &cuando);
         if (n == 0) {
-            r = medir(init, cifras);
             ASSERT_EQ(r.codigo, 0) << r.errores.toStdString();
-        } else {
-            corte = elegir(n, cifras, 12);
-            r = lanzar(init, corte);
-            anotar(cifras, corte, r);
         }
-        const QString cuando = QStringLiteral("prueba %1, punto %2, retardo %3 ms")
-                                   .arg(n)
-                                   .arg(corte.punto)
-                                   .arg(corte.retardoMs);
         {
             std::unique_ptr<Vista> v = abrir(dir.path());
             completas(*v, cuando);
@@ -345,18 +356,11 @@ TEST_P(CaidasPrograma, FirstCreationKilledAnywhereLeavesTheTableAbsentOrWhole) {
                                   QStringLiteral("SELECT COUNT(*) FROM PARMAQOB")};
     Cifras cifras;
     for (int n = 0; n < kPruebasCreacion; ++n) {
-        Corte corte;
+        QString cuando;
+        const Corrida r = probar(n, consulta, cifras, 8, true, &cuando);
         if (n == 0) {
-            const Corrida r = medir(consulta, cifras);
             ASSERT_EQ(r.salida, QStringLiteral("0")) << r.errores.toStdString();
-        } else {
-            corte = elegir(n, cifras, 8, true);
-            anotar(cifras, corte, lanzar(consulta, corte));
         }
-        const QString cuando = QStringLiteral("prueba %1, punto %2, retardo %3 ms")
-                                   .arg(n)
-                                   .arg(corte.punto)
-                                   .arg(corte.retardoMs);
         std::unique_ptr<Vista> v = abrir(dir.path());
         completas(*v, cuando);
         const bool hecha = v->hay(QStringLiteral("PARMAQOB"));
@@ -404,18 +408,11 @@ TEST_P(CaidasPrograma, BatchKilledAnywhereLeavesAPrefixOfItsStatements) {
                               archivo};
     Cifras cifras;
     for (int n = 0; n < kPruebas; ++n) {
-        Corte corte;
+        QString cuando;
+        const Corrida r = probar(n, lote, cifras, kSentencias + 8, false, &cuando);
         if (n == 0) {
-            const Corrida r = medir(lote, cifras);
             ASSERT_EQ(r.codigo, 0) << r.salida.toStdString() << r.errores.toStdString();
-        } else {
-            corte = elegir(n, cifras, kSentencias + 8);
-            anotar(cifras, corte, lanzar(lote, corte));
         }
-        const QString cuando = QStringLiteral("prueba %1, punto %2, retardo %3 ms")
-                                   .arg(n)
-                                   .arg(corte.punto)
-                                   .arg(corte.retardoMs);
         std::unique_ptr<Vista> v = abrir(dir.path());
         completas(*v, cuando);
         int hechas = 0;
@@ -478,18 +475,11 @@ TEST_P(CaidasPrograma, BatchInOneTransactionKilledAnywhereIsAllThereOrNone) {
                    : QStringLiteral("0");
     };
     for (int n = 0; n < kPruebas; ++n) {
-        Corte corte;
+        QString cuando;
+        const Corrida r = probar(n, carga, cifras, 2 * kPares + 8, false, &cuando);
         if (n == 0) {
-            const Corrida r = medir(carga, cifras);
             ASSERT_EQ(r.codigo, 0) << r.errores.toStdString();
-        } else {
-            corte = elegir(n, cifras, 2 * kPares + 8);
-            anotar(cifras, corte, lanzar(carga, corte));
         }
-        const QString cuando = QStringLiteral("prueba %1, punto %2, retardo %3 ms")
-                                   .arg(n)
-                                   .arg(corte.punto)
-                                   .arg(corte.retardoMs);
         std::unique_ptr<Vista> v = abrir(dir.path());
         completas(*v, cuando);
         const QString textos = cargados(*v);

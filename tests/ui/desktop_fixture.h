@@ -4,7 +4,14 @@
 // the test's scripted messages.
 #include "ui/desktop_session.h"
 
+#include "ui/form_view.h"
+
 #include "support/layer_fixture.h"
+
+#include <QAction>
+#include <QDir>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -40,6 +47,23 @@ protected:
         o.carpetaDatos = QStringLiteral(CO_SOURCE_DIR "/data");
         o.linea.ParametroUsuario = usuario;
         return o;
+    }
+    // Opens the menu entry named `entrada` as a user would and maximises its
+    // window; nullptr when no screen opened.
+    FormView *abrirMaximizada(const QString &entrada) {
+        session_->ventana()->accion(entrada)->trigger();
+        QMdiSubWindow *w = session_->ventana()->mdi()->activeSubWindow();
+        if (!w)
+            return nullptr;
+        w->showMaximized();
+        return dynamic_cast<FormView *>(w->widget());
+    }
+    // The main window as a picture in CO_SCREENSHOT_DIR, when it is set.
+    void guardarCaptura(const QString &nombre) {
+        const QString dir = qEnvironmentVariable("CO_SCREENSHOT_DIR");
+        if (!dir.isEmpty()) {
+            EXPECT_TRUE(session_->ventana()->grab().save(QDir(dir).filePath(nombre)));
+        }
     }
     QTemporaryDir dir_;
     InstallationSettings settings_;

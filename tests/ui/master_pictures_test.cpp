@@ -26,20 +26,8 @@ protected:
         const QString r = session_->aplicacion().datos().EjecutarSQL(s);
         ASSERT_FALSE(r.startsWith(QStringLiteral("Error."))) << r.toStdString();
     }
-    FormView *abrir(const QString &entrada) {
-        session_->ventana()->accion(entrada)->trigger();
-        QMdiSubWindow *w = session_->ventana()->mdi()->activeSubWindow();
-        if (!w)
-            return nullptr;
-        w->showMaximized();
-        return dynamic_cast<FormView *>(w->widget());
-    }
-    void guardar(const QString &nombre) {
-        const QString dir = qEnvironmentVariable("CO_SCREENSHOT_DIR");
-        if (!dir.isEmpty()) {
-            EXPECT_TRUE(session_->ventana()->grab().save(QDir(dir).filePath(nombre)));
-        }
-    }
+    FormView *abrir(const QString &entrada) { return abrirMaximizada(entrada); }
+    void guardar(const QString &nombre) { guardarCaptura(nombre); }
 };
 
 TEST_P(MasterPictures, MachinesShowTheirRowsAndTheGroupsOfTheFirst) {
