@@ -14,6 +14,7 @@
 // first user is taken; a user given blank is refused.
 
 #include "cli_messages.h"
+#include "cli_screen.h"
 #include "core/data_folder.h"
 #include "core/dictionary_loader.h"
 #include "core/main_menu.h"
@@ -25,9 +26,9 @@
 #include "reports/listing_environment.h"
 #include "reports/rate_listing.h"
 
-#include <QGuiApplication>
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
 #include <QStringDecoder>
 #include <cstdio>
 #include <optional>
@@ -64,16 +65,23 @@ std::optional<QString> textoUtf8(const QByteArray &bytes) {
 }
 
 int usage() {
-    print(stderr, QStringLiteral(
-                      "Uso:\n"
-                      "  control-obras-cli init --dir CARPETA [--tipo PostgreSQL --servidor \"host=... port=... dbname=...\"]\n"
-                      "  control-obras-cli sql --dir CARPETA [U=USUARIO | --usuario USUARIO] [--empresa N] "
-                      "[--conexion PALABRA] [--opciones PALABRAS] \"SENTENCIA\"\n"
-                      "  control-obras-cli sql --dir CARPETA [...] --archivo ARCHIVO\n"
-                      "  control-obras-cli programas --dir CARPETA [U=USUARIO | --usuario USUARIO] [--empresa N]\n"
-                      "  control-obras-cli diccionario --dir CARPETA [--idioma Ingles] [--archivo ARCHIVO]\n"
-                      "  control-obras-cli listado-tarifas --dir CARPETA --pdf ARCHIVO [U=USUARIO] [--empresa N]\n"
-                      "  control-obras-cli demo --dir CARPETA [--escala N] [--semilla S] [--forzar] [U=USUARIO]\n"));
+    print(
+        stderr,
+        QStringLiteral(
+            "Uso:\n"
+            "  control-obras-cli init --dir CARPETA [--tipo PostgreSQL --servidor \"host=... "
+            "port=... dbname=...\"]\n"
+            "  control-obras-cli sql --dir CARPETA [U=USUARIO | --usuario USUARIO] [--empresa N] "
+            "[--conexion PALABRA] [--opciones PALABRAS] \"SENTENCIA\"\n"
+            "  control-obras-cli sql --dir CARPETA [...] --archivo ARCHIVO\n"
+            "  control-obras-cli programas --dir CARPETA [U=USUARIO | --usuario USUARIO] "
+            "[--empresa N]\n"
+            "  control-obras-cli pantalla --dir CARPETA [U=USUARIO] [--empresa N] \"PROGRAMA\"\n"
+            "  control-obras-cli diccionario --dir CARPETA [--idioma Ingles] [--archivo ARCHIVO]\n"
+            "  control-obras-cli listado-tarifas --dir CARPETA --pdf ARCHIVO [U=USUARIO] "
+            "[--empresa N]\n"
+            "  control-obras-cli demo --dir CARPETA [--escala N] [--semilla S] [--forzar] "
+            "[U=USUARIO]\n"));
     return 2;
 }
 
@@ -82,10 +90,10 @@ std::optional<Arguments> parse(const QStringList &args) {
         return std::nullopt;
     Arguments a;
     a.command = args[1];
-    static const QStringList withValue = {QStringLiteral("--dir"),     QStringLiteral("--conexion"), QStringLiteral("--opciones"),
-                                          QStringLiteral("--archivo"), QStringLiteral("--tipo"),     QStringLiteral("--servidor"),
-                                          QStringLiteral("--empresa"), QStringLiteral("--usuario"),
-                                          QStringLiteral("--idioma")};
+    static const QStringList withValue = {
+        QStringLiteral("--dir"),     QStringLiteral("--conexion"), QStringLiteral("--opciones"),
+        QStringLiteral("--archivo"), QStringLiteral("--tipo"),     QStringLiteral("--servidor"),
+        QStringLiteral("--empresa"), QStringLiteral("--usuario"),  QStringLiteral("--idioma")};
     for (int i = 2; i < args.size(); ++i) {
         const QString &arg = args[i];
         if (arg.size() >= 2 && arg.left(2).toUpper() == u"U=") {
@@ -197,12 +205,15 @@ int sql(const Arguments &a) {
     if (!a.archivo.isEmpty()) {
         QFile file(a.archivo);
         if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-            print(stderr, QStringLiteral("No ha sido posible leer el archivo %1.\n").arg(a.archivo));
+            print(stderr,
+                  QStringLiteral("No ha sido posible leer el archivo %1.\n").arg(a.archivo));
             return 1;
         }
         const std::optional<QString> text = textoUtf8(file.readAll());
         if (!text) {
-            print(stderr, QStringLiteral("El archivo %1 no es texto UTF-8 válido; no se ha ejecutado nada.\n").arg(a.archivo));
+            print(stderr, QStringLiteral(
+                              "El archivo %1 no es texto UTF-8 válido; no se ha ejecutado nada.\n")
+                              .arg(a.archivo));
             return 1;
         }
         for (const QString &line : text->split(u'\n'))
@@ -217,10 +228,13 @@ int sql(const Arguments &a) {
     for (const QString &statement : std::as_const(statements)) {
         const QString verbo = co::VerboSentencia(statement);
         for (const char *leeFilas : {"SELECT", "EXEC"})
-            if (verbo.compare(QLatin1String(leeFilas), Qt::CaseInsensitive) == 0 && verbo != QLatin1String(leeFilas)) {
-                print(stderr, QStringLiteral("Las sentencias se escriben en mayúsculas: escriba %1 en lugar de %2; "
-                                             "no se ha ejecutado nada.\n")
-                                  .arg(QLatin1String(leeFilas), verbo));
+            if (verbo.compare(QLatin1String(leeFilas), Qt::CaseInsensitive) == 0 &&
+                verbo != QLatin1String(leeFilas)) {
+                print(stderr,
+                      QStringLiteral(
+                          "Las sentencias se escriben en mayúsculas: escriba %1 en lugar de %2; "
+                          "no se ha ejecutado nada.\n")
+                          .arg(QLatin1String(leeFilas), verbo));
                 return 1;
             }
     }
@@ -230,7 +244,10 @@ int sql(const Arguments &a) {
         return 1;
     co::TModuloDatos &datos = app->datos();
     if (!co::EsAdministrador(datos, app->sesion().CodigoUsuario, QStringLiteral("Silencio"))) {
-        print(stderr, QStringLiteral("¡Sólo los usuarios de categoría Administrador pueden ejecutar sentencias SQL!\n"));
+        print(
+            stderr,
+            QStringLiteral(
+                "¡Sólo los usuarios de categoría Administrador pueden ejecutar sentencias SQL!\n"));
         return 1;
     }
     int status = 0;
@@ -252,15 +269,33 @@ int programas(const Arguments &a) {
     if (!app)
         return 1;
     print(stdout, QStringLiteral("%1: %2 (%3)\n")
-                      .arg(co::Aplicacion::NombrePrograma(), app->sesion().NombreEmpresa, app->sesion().CodigoUsuario));
+                      .arg(co::Aplicacion::NombrePrograma(), app->sesion().NombreEmpresa,
+                           app->sesion().CodigoUsuario));
     for (const co::EntradaMenu &e : co::EntradasMenuPrincipal()) {
         const QString programa = co::SinAmpersand(e.caption);
-        const QString nivel = e.pruebaDerechos
-                                  ? co::NivelAccesoPrograma(app->datos(), app->sesion().CodigoUsuario, programa)
-                                  : QString(co::kNivelTotal);
+        const QString nivel =
+            e.pruebaDerechos
+                ? co::NivelAccesoPrograma(app->datos(), app->sesion().CodigoUsuario, programa)
+                : QString(co::kNivelTotal);
         if (nivel != co::kNivelNinguno)
-            print(stdout, co::SinAmpersand(e.grupo) + QStringLiteral(" | ") + programa + QStringLiteral(" | ") + nivel + u'\n');
+            print(stdout, co::SinAmpersand(e.grupo) + QStringLiteral(" | ") + programa +
+                              QStringLiteral(" | ") + nivel + u'\n');
     }
+    return 0;
+}
+
+// A screen of the menu opened as the desktop opens it, written as text.
+int pantalla(const Arguments &a) {
+    if (a.positional.size() != 1)
+        return usage();
+    co::cli::CliMessages port;
+    const std::unique_ptr<co::Aplicacion> app = entrar(a, port);
+    if (!app)
+        return 1;
+    const std::optional<QString> texto = co::cli::TextoPantalla(*app, a.positional.first());
+    if (!texto)
+        return 1;
+    print(stdout, *texto);
     return 0;
 }
 
@@ -272,7 +307,8 @@ int diccionario(const Arguments &a) {
     if (!app.Iniciar())
         return 1;
     const QString archivo = a.archivo.isEmpty()
-                                ? QDir(co::CarpetaDatosAplicacion()).filePath(QStringLiteral("IDIOMA_%1.txt").arg(a.idioma))
+                                ? QDir(co::CarpetaDatosAplicacion())
+                                      .filePath(QStringLiteral("IDIOMA_%1.txt").arg(a.idioma))
                                 : a.archivo;
     QString motivo;
     if (!co::CargarDiccionario(app.datos(), a.idioma, archivo, &motivo)) {
@@ -359,12 +395,13 @@ int main(int argc, char **argv) {
     const bool listado = argc > 1 && qstrcmp(argv[1], "listado-tarifas") == 0;
     if (listado && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    const std::unique_ptr<QCoreApplication> app = listado
-                                                      ? std::make_unique<QGuiApplication>(argc, argv)
-                                                      : std::make_unique<QCoreApplication>(argc, argv);
+    const std::unique_ptr<QCoreApplication> app =
+        listado ? std::make_unique<QGuiApplication>(argc, argv)
+                : std::make_unique<QCoreApplication>(argc, argv);
     for (int i = 1; i < argc; ++i)
         if (!textoUtf8(QByteArray(argv[i]))) {
-            print(stderr, QStringLiteral("El argumento %1 de la orden no es texto UTF-8 válido; no se ha ejecutado nada.\n")
+            print(stderr, QStringLiteral("El argumento %1 de la orden no es texto UTF-8 válido; no "
+                                         "se ha ejecutado nada.\n")
                               .arg(i));
             return 1;
         }
@@ -377,6 +414,8 @@ int main(int argc, char **argv) {
         return sql(*args);
     if (args->command == u"programas")
         return programas(*args);
+    if (args->command == u"pantalla")
+        return pantalla(*args);
     if (args->command == u"diccionario")
         return diccionario(*args);
     if (args->command == u"listado-tarifas")

@@ -74,6 +74,26 @@ void Form::SetHandler(const QString &name, Handler handler) {
     handlers_.insert(name.toLower(), std::move(handler));
 }
 
+void Form::AddHandler(const QString &name, Handler handler) {
+    Handler &actual = handlers_[name.toLower()];
+    if (!actual) {
+        actual = std::move(handler);
+        return;
+    }
+    actual = [antes = std::move(actual), despues = std::move(handler)](Component *sender) {
+        antes(sender);
+        despues(sender);
+    };
+}
+
+void Form::AlEvento(Dataset &dataset, EventoDatos evento, Handler handler) {
+    const QString name = NombreManejador(dataset, evento);
+    AddHandler(name, std::move(handler));
+    Dataset *ds = &dataset;
+    dataset.SetHandler(NombreEvento(evento),
+                       [this, name, ds](Dataset &) { CallHandler(name, ds); });
+}
+
 bool Form::HasHandler(const QString &name) const {
     const auto it = handlers_.constFind(name.toLower());
     return it != handlers_.cend() && bool(*it);

@@ -18,6 +18,7 @@
 #include "core/table_opening.h"
 #include "forms/component.h"
 #include "forms/dataset.h"
+#include "forms/dataset_events.h"
 
 #include <QHash>
 #include <QList>
@@ -120,7 +121,13 @@ public:
     QList<Dataset *> Datasets() const;
 
     // ---- handlers and events
+    // Replaces the handler of that name.
     void SetHandler(const QString &name, Handler handler);
+    // Runs `handler` after the one already of that name: a screen or a
+    // component adds to the family's handler instead of replacing it.
+    void AddHandler(const QString &name, Handler handler);
+    // Adds a handler of a dataset event and binds the event at once.
+    void AlEvento(Dataset &dataset, EventoDatos evento, Handler handler);
     bool HasHandler(const QString &name) const;
     // False when the form has no such handler.
     bool CallHandler(const QString &name, Component *sender = nullptr);

@@ -44,7 +44,7 @@ bool DesktopSession::Arrancar() {
             registrarActividad(ventana, accion);
         });
     dialogs_.setParent(ventana_.get());
-    SesionObra obra;
+    works::SesionObra obra;
     obra.modulo = [this] { return obra_.get(); };
     obra.parametrosCambiados = [this] {
         if (obra_)

@@ -2,11 +2,11 @@
 // `TfNOMICATE`, "Maestro de Categorías": worker categories (`CATEGORI`). A
 // refused change of a category is told as not modified.
 
-#include "works/grid_master.h"
+#include "forms/grid_master.h"
 
 namespace co::works {
 
-class TfNOMICATE : public MaestroRejilla {
+class TfNOMICATE : public forms::MaestroRejilla {
 public:
     explicit TfNOMICATE(TModuloDatos &datos);
 };

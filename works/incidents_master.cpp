@@ -1,14 +1,10 @@
 #include "works/incidents_master.h"
 
+#include "forms/grid_columns.h"
+
 namespace co::works {
 
-namespace {
-forms::GridColumn lista(const char *campo, const char *titulo, QStringList valores) {
-    forms::GridColumn c{QString::fromLatin1(campo), QString::fromUtf8(titulo)};
-    c.PickList = std::move(valores);
-    return c;
-}
-} // namespace
+using forms::Columna;
 
 TfOBRAINCI::TfOBRAINCI(TModuloDatos &datos)
     : MaestroRejilla(
@@ -17,10 +13,10 @@ TfOBRAINCI::TfOBRAINCI(TModuloDatos &datos)
            QStringLiteral("Maestro de Incidencias"),
            QStringLiteral("INCIDENC"),
            QStringLiteral("Codigo"),
-           {{QStringLiteral("Codigo"), QStringLiteral("Código"), {}},
-            {QStringLiteral("Descripcion"), QStringLiteral("Descripción"), {}},
-            lista("Tipo", "Tipo", {QStringLiteral("Trabajo"), QStringLiteral("Maquina")}),
-            lista("Imputable", "Imputable", {QStringLiteral("SI"), QStringLiteral("NO")})}}) {}
+           {Columna("Codigo", "Código"), Columna("Descripcion", "Descripción"),
+            Columna("Tipo", "Tipo").Lista({QStringLiteral("Trabajo"), QStringLiteral("Maquina")}),
+            Columna("Imputable", "Imputable")
+                .Lista({QStringLiteral("SI"), QStringLiteral("NO")})}}) {}
 
 void TfOBRAINCI::ValoresIniciales() {
     Table1().FieldByName(QStringLiteral("Tipo")).SetAsString(QStringLiteral("Trabajo"));

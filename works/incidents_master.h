@@ -2,11 +2,11 @@
 // `TfOBRAINCI`, "Maestro de Incidencias": incidences (`INCIDENC`), with the type
 // and the chargeable mark chosen from their lists.
 
-#include "works/grid_master.h"
+#include "forms/grid_master.h"
 
 namespace co::works {
 
-class TfOBRAINCI : public MaestroRejilla {
+class TfOBRAINCI : public forms::MaestroRejilla {
 public:
     explicit TfOBRAINCI(TModuloDatos &datos);
 

@@ -1,28 +1,24 @@
 #pragma once
 // `TfOBRAMAQU`, "Maestro de Maquinas": machines (`MAQUINOB`), with a second grid
-// of the machine's analysis groups (`GRANTAB` rows of "MAQUINOB" and the
-// machine's code). Pending group rows are saved before the machine posts.
+// of the machine's analysis groups. Sale prices hide when the works settings
+// use only percentages.
 
-#include "works/grid_master.h"
+#include "forms/analysis_groups.h"
+#include "forms/grid_master.h"
+#include "works/screen_works_module.h"
 
 namespace co::works {
 
-class TfOBRAMAQU : public MaestroRejilla {
+class TfOBRAMAQU : public forms::MaestroRejilla {
 public:
     explicit TfOBRAMAQU(TModuloDatos &datos);
 
-    forms::Table &Table2() const { return *table2_; }
-    forms::DBGrid &DBGrid2() const { return *grid2_; }
-
-protected:
-    void AntesGrabar() override;
+    forms::Table &Table2() const { return grupos_.Tabla(); }
+    forms::DBGrid &DBGrid2() const { return grupos_.Rejilla(); }
+    ModuloObraDePantalla ModuloObra{Datos()};
 
 private:
-    void apuntarGrupos();
-    void calcularGrupo();
-
-    forms::Table *table2_ = nullptr;
-    forms::DBGrid *grid2_ = nullptr;
+    forms::GruposAnalisis grupos_;
 };
 
 } // namespace co::works

@@ -1,19 +1,12 @@
 #include "works/subcontracts_master.h"
 
-#include "core/session.h"
+#include "forms/grid_columns.h"
 
 #include <QDate>
 
 namespace co::works {
 
-namespace {
-const QString kProveedor = QStringLiteral("CodigoProveedor");
-forms::GridColumn columna(const char *campo, const char *titulo, bool soloLectura = false) {
-    forms::GridColumn c{QString::fromLatin1(campo), QString::fromUtf8(titulo)};
-    c.ReadOnly = soloLectura;
-    return c;
-}
-} // namespace
+using forms::Columna;
 
 TfOBRASUBC::TfOBRASUBC(TModuloDatos &datos)
     : MaestroRejilla(datos,
@@ -21,48 +14,27 @@ TfOBRASUBC::TfOBRASUBC(TModuloDatos &datos)
                       QStringLiteral("Maestro de Subcontrataciones"),
                       QStringLiteral("SUBCONTR"),
                       QStringLiteral("Codigo"),
-                      {columna("Codigo", "Código"), columna("Descripcion", "Descripción"),
-                       columna("Precio1", "Precio 1"), columna("Precio2", "Precio 2"),
-                       columna("Precio3", "Precio 3"), columna("Precio4", "Precio 4"),
-                       columna("PrecioVenta1", "P.Venta 1"), columna("PrecioVenta2", "P.Venta 2"),
-                       columna("PrecioVenta3", "P.Venta 3"), columna("PrecioVenta4", "P.Venta 4"),
-                       columna("CodigoProveedor", "Proveedor"),
-                       columna("DescripcionProveedor", "Nombre Proveedor", true),
-                       columna("FechaAlta", "Fecha Alta"), columna("TipoIVA", "Tipo IVA"),
-                       columna("Observaciones", "Observaciones")}}) {
-    Table1().AddCalculatedField(QStringLiteral("DescripcionProveedor"), TipoCampo::ftString, 40);
-    DeclararBusqueda(Table1(), kProveedor, {QStringLiteral("PROVEEDR")});
-    OcultarPreciosVenta();
+                      {Columna("Codigo", "Código"), Columna("Descripcion", "Descripción"),
+                       Columna("Precio1", "Precio 1"), Columna("Precio2", "Precio 2"),
+                       Columna("Precio3", "Precio 3"), Columna("Precio4", "Precio 4"),
+                       Columna("PrecioVenta1", "P.Venta 1"), Columna("PrecioVenta2", "P.Venta 2"),
+                       Columna("PrecioVenta3", "P.Venta 3"), Columna("PrecioVenta4", "P.Venta 4"),
+                       Columna("CodigoProveedor", "Proveedor"),
+                       Columna("DescripcionProveedor", "Nombre Proveedor").SoloLectura(),
+                       Columna("FechaAlta", "Fecha Alta"), Columna("TipoIVA", "Tipo IVA"),
+                       Columna("Observaciones", "Observaciones")}}) {
+    const QString proveedor = QStringLiteral("CodigoProveedor");
+    DeclararDescripcion(Table1(), proveedor, QStringLiteral("PROVEEDR"),
+                        {{QStringLiteral("Nombre"), QStringLiteral("DescripcionProveedor")}});
+    DeclararExistencia(proveedor, QStringLiteral("PROVEEDR"),
+                       QStringLiteral("¡No existe el Proveedor!"));
+    DeclararBusqueda(Table1(), proveedor, {QStringLiteral("PROVEEDR")});
+    OcultarPreciosVenta([this] { return ModuloObra().ParametrosAdmPorPorcentajes(); });
 }
 
 void TfOBRASUBC::ValoresIniciales() {
     Table1().FieldByName(QStringLiteral("FechaAlta")).SetValue(QDateTime(QDate::currentDate(), {}));
     Table1().FieldByName(QStringLiteral("TipoIVA")).SetAsInteger(1);
-}
-
-bool TfOBRASUBC::ValidacionWinControl(forms::Component *sender) {
-    if (sender) {
-        const auto &columnas = DBGrid1().Columns;
-        const int i = DBGrid1().SelectedIndex;
-        if (i < 0 || i >= columnas.size() || columnas[i].FieldName != kProveedor)
-            return true;
-    }
-    forms::Field &proveedor = Table1().FieldByName(kProveedor);
-    if (proveedor.IsNull() ||
-        Rutinas().ExisteClaveTabla(QStringLiteral("PROVEEDR"), proveedor.AsString()))
-        return true;
-    Mensajes().MensajeA(QStringLiteral("¡No existe el Proveedor!"));
-    return false;
-}
-
-void TfOBRASUBC::CalcularCampos() {
-    forms::Field &proveedor = Table1().FieldByName(kProveedor);
-    QString nombre;
-    if (!proveedor.IsNull())
-        if (const auto v = Datos().BuscarValores(QStringLiteral("PROVEEDR"), proveedor.AsString(),
-                                                 {QStringLiteral("Nombre")}))
-            nombre = v->value(0);
-    Table1().FieldByName(QStringLiteral("DescripcionProveedor")).SetAsString(nombre);
 }
 
 } // namespace co::works

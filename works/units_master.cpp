@@ -1,6 +1,7 @@
 #include "works/units_master.h"
 
 #include "core/session.h"
+#include "forms/grid_columns.h"
 
 namespace co::works {
 
@@ -10,35 +11,18 @@ TfOBRAUNID::TfOBRAUNID(TModuloDatos &datos)
                   QStringLiteral("Maestro de Unidades"),
                   QStringLiteral("UNIDADOB"),
                   QStringLiteral("Codigo"),
-                  {{QStringLiteral("Codigo"), QStringLiteral("Código"), {}},
-                   {QStringLiteral("Descripcion"), QStringLiteral("Descripción"), {}},
-                   {QStringLiteral("DescripcionAmpliada"), QStringLiteral("Descripción Ampliada"), {}},
-                   {QStringLiteral("Unidad"), QStringLiteral("Unidad"), {}},
-                   {QStringLiteral("PorcentajeIVA"), QStringLiteral("% IVA"), {}},
-                   {QStringLiteral("PorcentajeRgo"), QStringLiteral("% Recargo"), {}}}}) {
-    // The memo column's button: the pop-up edits the whole text.
-    SetHandler(QStringLiteral("DBGrid1EditButtonClick"), [this](forms::Component *) {
-        MessagePort *port = Mensajes().port();
-        forms::Field &memo = Table1().FieldByName(QStringLiteral("DescripcionAmpliada"));
-        if (!port || (Table1().IsEmpty() && !Table1().IsPending()))
-            return;
-        const QString actual = memo.AsString();
-        const QString texto = port->showTitled(u'P', TituloDescripcionAmpliada(), {}, actual);
-        if (texto == actual)
-            return;
-        if (!Table1().IsPending())
-            Table1().Edit();
-        memo.SetAsString(texto);
-    });
-}
+                  {forms::Columna("Codigo", "Código"), forms::Columna("Descripcion", "Descripción"),
+                   forms::Columna("DescripcionAmpliada", "Descripción Ampliada"),
+                   forms::Columna("Unidad", "Unidad"), forms::Columna("PorcentajeIVA", "% IVA"),
+                   forms::Columna("PorcentajeRgo", "% Recargo")}}) {}
 
-QString TfOBRAUNID::TituloDescripcionAmpliada() const {
+QString TfOBRAUNID::TituloMemo(const forms::GridColumn &columna) const {
     return QStringLiteral("Unidad ") + Table1().FieldByName(QStringLiteral("Codigo")).AsString() +
-           QStringLiteral(" - Descripción Ampliada");
+           QStringLiteral(" - ") + columna.Title;
 }
 
 void TfOBRAUNID::ValoresIniciales() {
-    const QString iva = ParametroGeneral(Datos(), QStringLiteral("Iva1"));
+    const QString iva = forms::ParametroGeneral(Datos(), QStringLiteral("Iva1"));
     if (!iva.isEmpty())
         Table1().FieldByName(QStringLiteral("PorcentajeIVA")).SetValue(iva.toDouble());
 }

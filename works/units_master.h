@@ -1,20 +1,19 @@
 #pragma once
 // `TfOBRAUNID`, "Maestro de Unidades": units of measure (`UNIDADOB`). A new unit
 // takes the first VAT rate of the general parameters; the extended description
-// is edited in a pop-up from its grid column.
+// is edited in a pop-up titled by the unit.
 
-#include "works/grid_master.h"
+#include "forms/grid_master.h"
 
 namespace co::works {
 
-class TfOBRAUNID : public MaestroRejilla {
+class TfOBRAUNID : public forms::MaestroRejilla {
 public:
     explicit TfOBRAUNID(TModuloDatos &datos);
-    // Caption of the extended description's pop-up for the current unit.
-    QString TituloDescripcionAmpliada() const;
 
 protected:
     void ValoresIniciales() override;
+    QString TituloMemo(const forms::GridColumn &columna) const override;
 };
 
 } // namespace co::works

@@ -7,6 +7,8 @@ namespace co::works {
 
 namespace {
 
+using forms::ControlFicha;
+
 QList<ControlFicha> controles() {
     const QStringList siNo{QStringLiteral("SI"), QStringLiteral("NO")};
     const QStringList descripciones{QStringLiteral("Descripcion"),
@@ -17,12 +19,14 @@ QList<ControlFicha> controles() {
         {QStringLiteral("PorGastosIndirectos"), QStringLiteral("% Gastos Indirectos"), {}},
         {QStringLiteral("PorGastosGenerales"), QStringLiteral("% Gastos Generales y B.I."), {}},
         {QStringLiteral("PorSoloGastosGenerales"), QStringLiteral("% Solo Gastos Generales"), {}},
-        {QStringLiteral("PorSoloBenefIndustrial"), QStringLiteral("% Solo Beneficio Industrial"),
+        {QStringLiteral("PorSoloBenefIndustrial"),
+         QStringLiteral("% Solo Beneficio Industrial"),
          {}},
         {QStringLiteral("CoeficienteRevision"), QStringLiteral("Coeficiente Revision Precios"), {}},
         {QStringLiteral("DtoRetencionVto"), QStringLiteral("Descontar Retencion Vto."), siNo},
         {QStringLiteral("DiasVtoRetencion"), QStringLiteral("Dias Retención"), {}},
-        {QStringLiteral("DtoRetencionFactura"), QStringLiteral("Descontar Retención Factura"), siNo},
+        {QStringLiteral("DtoRetencionFactura"), QStringLiteral("Descontar Retención Factura"),
+         siNo},
         {QStringLiteral("CfgDescripcionPresupuesto"),
          QStringLiteral("Descripción Impreso Presupuesto"), descripciones},
         {QStringLiteral("CfgDescripcionFactura"), QStringLiteral("Descripción Impreso Factura"),
@@ -47,17 +51,18 @@ TfOBRAPARA::TfOBRAPARA(TModuloDatos &datos)
                            {},
                            controles(),
                            true}) {
-    // One row only: appending is refused once it exists, deleting always.
-    SetHandler(QStringLiteral("Table1BeforeInsert"), [this](forms::Component *) {
+    // One row only: appending is refused once it exists; deleting always,
+    // in place of the shared confirmation.
+    AlEvento(Table1(), forms::EventoDatos::BeforeInsert, [this](forms::Component *) {
         if (!Table1().IsEmpty())
             forms::Abort();
     });
-    SetHandler(QStringLiteral("Table1BeforeDelete"), [](forms::Component *) { forms::Abort(); });
-    SetHandler(QStringLiteral("FormClose"), [this](forms::Component *) {
+    SetHandler(forms::NombreManejador(Table1(), forms::EventoDatos::BeforeDelete),
+               [](forms::Component *) { forms::Abort(); });
+    AddHandler(QStringLiteral("FormClose"), [this](forms::Component *) {
         if (AlCerrar)
             AlCerrar();
     });
-    ConectarEventos();
 }
 
 void TfOBRAPARA::DespuesAbrir() {

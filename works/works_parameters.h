@@ -5,13 +5,13 @@
 // to nor deleted. `pbGrabar` posts and closes, `pbCancelar` cancels and closes,
 // and closing hands over to `AlCerrar` (the works data module's refresh).
 
-#include "works/single_record_master.h"
+#include "forms/single_record_master.h"
 
 #include <functional>
 
 namespace co::works {
 
-class TfOBRAPARA : public MaestroFicha {
+class TfOBRAPARA : public forms::MaestroFicha {
 public:
     explicit TfOBRAPARA(TModuloDatos &datos);
 

@@ -1,5 +1,6 @@
 #pragma once
-// Drives a record screen headless, as a user would: open its tables, leave
+// Drives a record screen headless, as a user would: open it through the
+// program's own opening routine (forms/screen_opening.h), leave
 // and enter grid columns, type into fields, click buttons and menu items, with
 // every action run as the window loop runs it (silent aborts end it, refused
 // writes are told). Dialogs are answered by the test's ScriptedMessages.
@@ -8,6 +9,7 @@
 #include "core/table_opening.h"
 #include "forms/form.h"
 #include "forms/maintenance_routines.h"
+#include "forms/screen_opening.h"
 #include "forms/table.h"
 
 #include <QStringList>
@@ -19,11 +21,14 @@ template <class Pantalla> class ScreenTest {
 public:
     explicit ScreenTest(TModuloDatos &datos)
         : datos_(datos), creador_(datos, QStringLiteral(CO_SOURCE_DIR "/data")),
-          apertura_(datos, creador_), form_(std::make_unique<Pantalla>(datos)) {}
+          apertura_(datos, creador_), entorno_{datos, creador_},
+          form_(std::make_unique<Pantalla>(datos)) {}
 
     Pantalla &form() { return *form_; }
     AperturaTablas &opening() { return apertura_; }
-    bool open() { return form_->Abrir(apertura_); }
+    // Options of the opening (rights, hidden controls, currencies) a test may set first.
+    forms::EntornoPantallas &environment() { return entorno_; }
+    bool open() { return forms::AbrirPantalla(*form_, entorno_); }
 
     // A button's or menu item's click; false when it stopped.
     bool click(const QString &name) {
@@ -95,6 +100,7 @@ private:
     TModuloDatos &datos_;
     CreadorTablas creador_;
     AperturaTablas apertura_;
+    forms::EntornoPantallas entorno_;
     std::unique_ptr<Pantalla> form_;
 };
 

@@ -12,6 +12,8 @@
 namespace co::works {
 namespace {
 
+using namespace co::forms;
+
 using co::test::ScreenTest;
 
 class CodeSearch : public WorksScreenTest {

@@ -16,6 +16,8 @@
 namespace co::works {
 namespace {
 
+using namespace co::forms;
+
 using co::test::ScreenTest;
 using forms::DatasetState;
 
@@ -168,7 +170,7 @@ TEST_P(SmallMasters, SalePricesHideWhenOnlyPercentagesAreUsed) {
     auto visibles = [this]<class Pantalla>(std::type_identity<Pantalla>, const TMDObra *obra) {
         ScreenTest<Pantalla> s(*datos_);
         if (obra)
-            s.form().UsarModuloObra(*obra);
+            s.form().ModuloObra.Usar(*obra);
         EXPECT_TRUE(s.open());
         QStringList out;
         for (const auto &c : s.form().DBGrid1().Columns)

@@ -1,15 +1,17 @@
 // The works parameters screen and the works data module, on both back-ends:
 // the single row made with its defaults, saving and cancelling, the refusal of
 // a second row, and the module seeing the new values once the screen closes.
-#include "works_fixture.h"
 #include "support/screen_test.h"
 #include "works/works_data.h"
 #include "works/works_parameters.h"
+#include "works_fixture.h"
 
 #include <gtest/gtest.h>
 
 namespace co::works {
 namespace {
+
+using namespace co::forms;
 
 using co::test::ScreenTest;
 

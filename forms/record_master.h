@@ -16,13 +16,12 @@
 #include "forms/form.h"
 #include "forms/maintenance_routines.h"
 #include "forms/table.h"
-#include "works/works_data.h"
 
 #include <QList>
 #include <QString>
 #include <memory>
 
-namespace co::works {
+namespace co::forms {
 
 // A push button or menu item: component name and caption.
 struct Boton {
@@ -40,19 +39,19 @@ QString TituloMenuFicha();
 QList<Boton> MenuFicha();
 QStringList ElementosMenuFicha();
 
-class MaestroTabla : public forms::Form {
+class MaestroTabla : public Form {
 public:
     MaestroTabla(TModuloDatos &datos, const QString &nombre, const QString &titulo,
-                 const QString &tabla, forms::FamiliaFormulario familia,
+                 const QString &tabla, FamiliaFormulario familia,
                  const QList<Boton> &botones = BotonesRegistro(),
                  const QList<Boton> &menu = MenuFicha());
     // Closes the tables (a held record lock goes with them).
     ~MaestroTabla() override;
 
     TModuloDatos &Datos() const { return datos_; }
-    forms::RutinasFormulario &Rutinas() { return rutinas_; }
-    forms::Table &Table1() const { return *table1_; }
-    forms::DataSource &DataSource1() const { return *source1_; }
+    RutinasFormulario &Rutinas() { return rutinas_; }
+    Table &Table1() const { return *table1_; }
+    DataSource &DataSource1() const { return *source1_; }
 
     // Opens the form's tables through `AbrirTablasForm`, then `DespuesAbrir`;
     // false when they could not be opened.
@@ -61,17 +60,31 @@ public:
     // Message on a failed post of an edited record; screens may give their own.
     QString TextoModificacionFallida;
 
-    // The works settings come from the session's works data module; a screen
-    // given none reads them once through a module of its own.
-    void UsarModuloObra(const TMDObra &obra) { obra_ = &obra; }
-    const TMDObra &ModuloObra();
+    // A code of `Table1` that must exist in `tabla` (an empty code passes):
+    // checked on leaving its control or grid column and on post, before the
+    // screen's own `ValidacionWinControl`; `mensaje` is told and the record
+    // stays pending.
+    void DeclararExistencia(const QString &campo, const QString &tabla, const QString &mensaje);
+    // The description of a code: each calculated field of `campos` (made
+    // here, `ancho` long) takes, on every record of `dataset`, the field of
+    // the row of `tabla` keyed by the code in `campoCodigo`; empty for an
+    // empty or unknown code.
+    struct CampoDescripcion {
+        QString campoTabla; // field of `tabla`, e.g. "Nombre"
+        QString calculado;  // calculated field of the dataset, e.g. "DescripcionProveedor"
+        int ancho = 40;
+    };
+    void DeclararDescripcion(Dataset &dataset, const QString &campoCodigo, const QString &tabla,
+                             const QList<CampoDescripcion> &campos);
 
 protected:
     // Defaults of a new record (`Table1NewRecord`).
     virtual void ValoresIniciales() {}
     // The form's validator for the control or column left; nullptr checks all
     // (on post). False after its message.
-    virtual bool ValidacionWinControl(forms::Component *sender);
+    virtual bool ValidacionWinControl(Component *sender);
+    // The declared existence checks that concern `sender`, then the validator.
+    bool Validar(Component *sender);
     // Calculated fields (`Table1CalcFields`).
     virtual void CalcularCampos() {}
     // Runs in `Table1BeforePost` after the checks: pending child rows.
@@ -85,30 +98,34 @@ protected:
     // grid's dataset is pending; aborts after the message with that column
     // selected. Nothing is checked with the focus on pbCancelar. A negative
     // column checks them all.
-    void ComprobarColumnasLista(forms::DBGrid &grid, int columna = -1);
+    void ComprobarColumnasLista(DBGrid &grid, int columna = -1);
     // The programmable listing of `dataset`, when the window is there.
-    void ListadoProgramable(forms::Dataset &dataset);
+    void ListadoProgramable(Dataset &dataset);
 
     // `GrabarDatos`: posts; a refusal is told, cancels and aborts.
     void GrabarDatos();
     // Makes the screen a numbered document on `campo` (numbered_document.h);
     // a screen of any family calls it in its constructor.
     void NumerarDocumento(const QString &campo) { campoNumero_ = campo; }
-    forms::FamiliaFormulario Familia() const { return familia_; }
+    FamiliaFormulario Familia() const { return familia_; }
     Messenger &Mensajes() const;
 
 private:
     TModuloDatos &datos_;
-    forms::FamiliaFormulario familia_;
-    forms::RutinasFormulario rutinas_;
-    forms::Table *table1_ = nullptr;
-    forms::DataSource *source1_ = nullptr;
+    FamiliaFormulario familia_;
+    RutinasFormulario rutinas_;
+    Table *table1_ = nullptr;
+    DataSource *source1_ = nullptr;
     QString campoNumero_;
-    const TMDObra *obra_ = nullptr;
-    std::unique_ptr<TMDObra> obraPropia_;
+    struct Existencia {
+        QString campo;
+        QString tabla;
+        QString mensaje;
+    };
+    QList<Existencia> existencias_;
 };
 
 // The general parameter `campo` as text; empty when unreadable.
 QString ParametroGeneral(TModuloDatos &datos, const QString &campo);
 
-} // namespace co::works
+} // namespace co::forms

@@ -10,40 +10,50 @@
 // edited (`Table1BeforeEdit`); the post checks every column's list. A double
 // click (or F2) on the key column finds a record of the master, on a column
 // with a declared search (`DeclararBusqueda`) fills the code from its table.
+// A memo column's button (or Ctrl+Enter) edits the memo of the selected column,
+// or the grid's first memo column, in a multi-line pop-up titled by
+// `TituloMemo`.
 
-#include "works/record_master.h"
+#include "forms/record_master.h"
 
-namespace co::works {
+#include <functional>
+
+namespace co::forms {
 
 struct DeclaracionMaestro {
     QString nombre;     // component name of the form, e.g. "fOBRAUNID"
     QString titulo;     // caption
     QString tabla;      // the table edited
     QString campoClave; // the key field
-    QList<forms::GridColumn> columnas;
+    QList<GridColumn> columnas;
 };
 
 class MaestroRejilla : public MaestroTabla {
 public:
     MaestroRejilla(TModuloDatos &datos, DeclaracionMaestro declaracion);
 
-    forms::DBGrid &DBGrid1() const { return *grid1_; }
+    DBGrid &DBGrid1() const { return *grid1_; }
     const DeclaracionMaestro &Declaracion() const { return declaracion_; }
 
 protected:
     void ComprobarListasAlGrabar() override;
-    // Makes the sale price columns hide at opening when the works settings use
-    // only percentages (`AdmPorPorcentajes`).
-    void OcultarPreciosVenta() { ocultarPreciosVenta_ = true; }
+    // The pop-up's title for a memo of the current record: the column's title.
+    virtual QString TituloMemo(const GridColumn &columna) const { return columna.Title; }
+    // The sale price columns hide at opening when `ocultar` says so (the works
+    // settings decide: only percentages in use keep no sale price).
+    void OcultarPreciosVenta(std::function<bool()> ocultar) {
+        ocultarPreciosVenta_ = std::move(ocultar);
+    }
     void DespuesAbrir() override;
 
 private:
-    void comprobarClave(forms::Component *sender);
+    void comprobarClave(Component *sender);
+    void editarMemo();
     int columnaClave() const;
 
     DeclaracionMaestro declaracion_;
-    forms::DBGrid *grid1_ = nullptr;
-    bool ocultarPreciosVenta_ = false;
+    DBGrid *grid1_ = nullptr;
+    std::function<bool()> ocultarPreciosVenta_;
 };
 
-} // namespace co::works
+} // namespace co::forms

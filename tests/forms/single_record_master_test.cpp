@@ -1,13 +1,13 @@
 // The single-record master family headless, on both back-ends: a record screen
 // over incidences in data edits and combo boxes, and a single-row parameters
 // screen declared as a dialog.
+#include "forms/single_record_master.h"
+#include "support/layer_fixture.h"
 #include "support/screen_test.h"
-#include "works/single_record_master.h"
-#include "works_fixture.h"
 
 #include <gtest/gtest.h>
 
-namespace co::works {
+namespace co::forms {
 namespace {
 
 using co::test::ScreenTest;
@@ -63,7 +63,7 @@ protected:
     }
 };
 
-using SingleRecordMaster = WorksScreenTest;
+using SingleRecordMaster = test::TablesOnDemandTest;
 
 TEST_P(SingleRecordMaster, ANewRecordStartsOnItsKeyAndEntryGoesOn) {
     ScreenTest<FichaIncidencia> s(*datos_);
@@ -186,4 +186,4 @@ TEST_P(SingleRecordMaster, ASingleRowDialogMakesItsRowSavesAndCloses) {
 CO_ON_BOTH_BACKENDS(SingleRecordMaster);
 
 } // namespace
-} // namespace co::works
+} // namespace co::forms

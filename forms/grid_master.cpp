@@ -1,12 +1,10 @@
-#include "works/grid_master.h"
+#include "forms/grid_master.h"
 
 #include "core/session.h"
 #include "forms/field_search.h"
 #include "forms/standard_handlers.h"
 
-namespace co::works {
-
-using namespace co::forms;
+namespace co::forms {
 
 MaestroRejilla::MaestroRejilla(TModuloDatos &datos, DeclaracionMaestro declaracion)
     : MaestroTabla(datos, declaracion.nombre, declaracion.titulo, declaracion.tabla,
@@ -25,7 +23,7 @@ MaestroRejilla::MaestroRejilla(TModuloDatos &datos, DeclaracionMaestro declaraci
         ComprobarColumnasLista(*grid1_, grid1_->SelectedIndex);
         if (grid1_->SelectedIndex == columnaClave())
             comprobarClave(sender);
-        else if (Table1().IsPending() && !ValidacionWinControl(grid1_))
+        else if (Table1().IsPending() && !Validar(grid1_))
             Abort();
     });
     SetEvent(*grid1_, QStringLiteral("OnColExit"), QStringLiteral("DBGrid1ColExit"));
@@ -35,6 +33,7 @@ MaestroRejilla::MaestroRejilla(TModuloDatos &datos, DeclaracionMaestro declaraci
         if (Table1().State() == DatasetState::Insert)
             grid1_->SelectedIndex = 0;
     });
+    SetHandler(QStringLiteral("DBGrid1EditButtonClick"), [this](Component *) { editarMemo(); });
     // The key column finds a record of the master; a code column searches its own table.
     SetHandler(QStringLiteral("DBGrid1DblClick"), [this](Component *) {
         Field *f = grid1_->SelectedField();
@@ -47,6 +46,31 @@ MaestroRejilla::MaestroRejilla(TModuloDatos &datos, DeclaracionMaestro declaraci
     });
 }
 
+void MaestroRejilla::editarMemo() {
+    MessagePort *port = Mensajes().port();
+    if (!port || (Table1().IsEmpty() && !Table1().IsPending()))
+        return;
+    const GridColumn *columna = nullptr;
+    for (int i = 0; i < grid1_->Columns.size() && !columna; ++i) {
+        const GridColumn &c = grid1_->Columns[i];
+        const Field *f = Table1().FindField(c.FieldName);
+        if (f && f->DataType() == TipoCampo::ftMemo &&
+            (i == grid1_->SelectedIndex || !grid1_->SelectedField() ||
+             grid1_->SelectedField()->DataType() != TipoCampo::ftMemo))
+            columna = &c;
+    }
+    if (!columna)
+        return;
+    Field &memo = Table1().FieldByName(columna->FieldName);
+    const QString actual = memo.AsString();
+    const QString texto = port->showTitled(u'P', TituloMemo(*columna), {}, actual);
+    if (texto == actual)
+        return;
+    if (!Table1().IsPending())
+        Table1().Edit();
+    memo.SetAsString(texto);
+}
+
 int MaestroRejilla::columnaClave() const {
     for (int i = 0; i < grid1_->Columns.size(); ++i)
         if (grid1_->Columns[i].FieldName.compare(declaracion_.campoClave, Qt::CaseInsensitive) == 0)
@@ -56,9 +80,9 @@ int MaestroRejilla::columnaClave() const {
 
 void MaestroRejilla::comprobarClave(Component *sender) {
     Field &clave = Table1().FieldByName(declaracion_.campoClave);
-    Rutinas().ComprobarClave(
-        {*this, Table1(), clave, grid1_, FamiliaFormulario::MaestroRejilla, false, sender,
-         [this](Component *c) { return ValidacionWinControl(c); }, [this] { GrabarDatos(); }});
+    Rutinas().ComprobarClave({*this, Table1(), clave, grid1_, FamiliaFormulario::MaestroRejilla,
+                              false, sender, [this](Component *c) { return Validar(c); },
+                              [this] { GrabarDatos(); }});
 }
 
 void MaestroRejilla::ComprobarListasAlGrabar() {
@@ -66,12 +90,11 @@ void MaestroRejilla::ComprobarListasAlGrabar() {
 }
 
 void MaestroRejilla::DespuesAbrir() {
-    // With only percentages in use no sale price is kept.
-    if (!ocultarPreciosVenta_ || !ModuloObra().ParametrosAdmPorPorcentajes())
+    if (!ocultarPreciosVenta_ || !ocultarPreciosVenta_())
         return;
     for (GridColumn &c : grid1_->Columns)
         if (c.FieldName.startsWith(QStringLiteral("PrecioVenta"), Qt::CaseInsensitive))
             c.Visible = false;
 }
 
-} // namespace co::works
+} // namespace co::forms

@@ -1,12 +1,10 @@
-#include "works/single_record_master.h"
+#include "forms/single_record_master.h"
 
 #include "core/session.h"
 #include "forms/pick_list_check.h"
 #include "forms/standard_handlers.h"
 
-namespace co::works {
-
-using namespace co::forms;
+namespace co::forms {
 
 MaestroFicha::MaestroFicha(TModuloDatos &datos, DeclaracionFicha declaracion)
     : MaestroTabla(datos, declaracion.nombre, declaracion.titulo, declaracion.tabla,
@@ -78,7 +76,7 @@ void MaestroFicha::salidaClave(Component *sender) {
                               FamiliaFormulario::MaestroFicha,
                               claveCambiada_,
                               sender,
-                              [this](Component *c) { return ValidacionWinControl(c); },
+                              [this](Component *c) { return Validar(c); },
                               {}});
 }
 
@@ -88,7 +86,7 @@ void MaestroFicha::salidaControl(Component *sender) {
     auto *control = dynamic_cast<DataControl *>(sender);
     if (control && !ComprobarControlLista(*control, Mensajes()))
         Abort();
-    if (!ValidacionWinControl(sender))
+    if (!Validar(sender))
         Abort();
 }
 
@@ -100,4 +98,4 @@ void MaestroFicha::ComprobarListasAlGrabar() {
             Abort();
 }
 
-} // namespace co::works
+} // namespace co::forms

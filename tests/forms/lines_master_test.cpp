@@ -3,13 +3,13 @@
 // keyed by Numero and Linea.
 #include "core/session.h"
 #include "forms/key_map.h"
+#include "forms/lines_master.h"
+#include "support/layer_fixture.h"
 #include "support/screen_test.h"
-#include "works/lines_master.h"
-#include "works_fixture.h"
 
 #include <gtest/gtest.h>
 
-namespace co::works {
+namespace co::forms {
 namespace {
 
 using co::test::ScreenTest;
@@ -68,10 +68,10 @@ const QString kEliminarTodo =
 
 using Pantalla = ScreenTest<PantallaLineas>;
 
-class LinesMaster : public WorksScreenTest {
+class LinesMaster : public test::TablesOnDemandTest {
 protected:
     void SetUp() override {
-        WorksScreenTest::SetUp();
+        test::TablesOnDemandTest::SetUp();
         if (HasFatalFailure())
             return;
         ok(QStringLiteral(
@@ -498,4 +498,4 @@ TEST_P(LinesMaster, ANumberTakenByAnotherSessionIsReassignedOnYes) {
 CO_ON_BOTH_BACKENDS(LinesMaster);
 
 } // namespace
-} // namespace co::works
+} // namespace co::forms

@@ -1,14 +1,12 @@
-#include "works/record_master.h"
+#include "forms/record_master.h"
 
 #include "core/general_parameters_table.h"
 #include "core/session.h"
+#include "forms/numbered_document.h"
 #include "forms/pick_list_check.h"
 #include "forms/standard_handlers.h"
-#include "works/numbered_document.h"
 
-namespace co::works {
-
-using namespace co::forms;
+namespace co::forms {
 
 QList<Boton> BotonesRegistro() {
     return {{QStringLiteral("pbAgregar"), QStringLiteral("&Agregar")},
@@ -86,7 +84,7 @@ MaestroTabla::MaestroTabla(TModuloDatos &datos, const QString &nombre, const QSt
     en("Table1CalcFields", [this] { CalcularCampos(); });
     en("Table1BeforePost", [this] {
         ComprobarListasAlGrabar();
-        if (!ValidacionWinControl(nullptr))
+        if (!Validar(nullptr))
             Abort();
         if (!campoNumero_.isEmpty())
             ReasignarNumeroRepetido(*table1_, campoNumero_, rutinas_);
@@ -121,16 +119,52 @@ bool MaestroTabla::Abrir(AperturaTablas &apertura) {
     return rutinas_.Ejecutar([this] { DespuesAbrir(); });
 }
 
-const TMDObra &MaestroTabla::ModuloObra() {
-    if (!obra_) {
-        obraPropia_ = std::make_unique<TMDObra>(datos_);
-        obra_ = obraPropia_.get();
-    }
-    return *obra_;
-}
-
 bool MaestroTabla::ValidacionWinControl(Component *) {
     return true;
+}
+
+void MaestroTabla::DeclararExistencia(const QString &campo, const QString &tabla,
+                                      const QString &mensaje) {
+    existencias_.append({campo, tabla, mensaje});
+}
+
+bool MaestroTabla::Validar(Component *sender) {
+    const Field *dejado = nullptr;
+    if (auto *grid = dynamic_cast<DBGrid *>(sender))
+        dejado = grid->DataSet() == table1_ ? grid->SelectedField() : nullptr;
+    else if (auto *control = dynamic_cast<DataControl *>(sender))
+        dejado = control->DataSet() == table1_ ? control->BoundField() : nullptr;
+    for (const Existencia &e : existencias_) {
+        if (sender && (!dejado || dejado->FieldName().compare(e.campo, Qt::CaseInsensitive) != 0))
+            continue;
+        const Field &codigo = table1_->FieldByName(e.campo);
+        if (codigo.IsNull() || codigo.AsString().isEmpty() ||
+            rutinas_.ExisteClaveTabla(e.tabla, codigo.AsString()))
+            continue;
+        Mensajes().MensajeA(e.mensaje);
+        return false;
+    }
+    return ValidacionWinControl(sender);
+}
+
+void MaestroTabla::DeclararDescripcion(Dataset &dataset, const QString &campoCodigo,
+                                       const QString &tabla,
+                                       const QList<CampoDescripcion> &campos) {
+    QStringList origen;
+    for (const CampoDescripcion &c : campos) {
+        dataset.AddCalculatedField(c.calculado, TipoCampo::ftString, c.ancho);
+        origen << c.campoTabla;
+    }
+    AlEvento(dataset, EventoDatos::CalcFields,
+             [this, &dataset, campoCodigo, tabla, origen, campos](Component *) {
+                 const Field &codigo = dataset.FieldByName(campoCodigo);
+                 QStringList valores;
+                 if (!codigo.IsNull() && !codigo.AsString().isEmpty())
+                     if (const auto v = datos_.BuscarValores(tabla, codigo.AsString(), origen))
+                         valores = *v;
+                 for (int i = 0; i < campos.size(); ++i)
+                     dataset.FieldByName(campos[i].calculado).SetAsString(valores.value(i));
+             });
 }
 
 void MaestroTabla::ComprobarColumnasLista(DBGrid &grid, int columna) {
@@ -156,4 +190,4 @@ void MaestroTabla::GrabarDatos() {
         Abort();
 }
 
-} // namespace co::works
+} // namespace co::forms

@@ -1,11 +1,9 @@
-#include "works/lines_master.h"
+#include "forms/lines_master.h"
 
 #include "core/session.h"
 #include "forms/standard_handlers.h"
 
-namespace co::works {
-
-using namespace co::forms;
+namespace co::forms {
 
 MaestroConLineas::MaestroConLineas(TModuloDatos &datos, DeclaracionFicha cabecera,
                                    DeclaracionLineas lineas)
@@ -188,4 +186,4 @@ void MaestroConLineas::cancelarCabecera() {
         table2_->Delete();
 }
 
-} // namespace co::works
+} // namespace co::forms

@@ -1,10 +1,8 @@
-#include "works/numbered_document.h"
+#include "forms/numbered_document.h"
 
 #include "core/session.h"
 
-namespace co::works {
-
-using namespace co::forms;
+namespace co::forms {
 
 void NumeroNuevo(Table &tabla, const QString &campo) {
     tabla.FieldByName(campo).SetAsInteger(tabla.Datos().SiguienteNumero(tabla));
@@ -22,4 +20,4 @@ void ReasignarNumeroRepetido(Table &tabla, const QString &campo, RutinasFormular
     }
 }
 
-} // namespace co::works
+} // namespace co::forms

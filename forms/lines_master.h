@@ -42,23 +42,23 @@
 // - `ListadoProgramable1Click` asks "¿Desea realizar el Listado Programable de
 //   las Líneas?": "SI" lists `Table2`, any other answer `Table1`.
 
-#include "works/single_record_master.h"
+#include "forms/single_record_master.h"
 
-namespace co::works {
+namespace co::forms {
 
 struct DeclaracionLineas {
     QString tabla;      // the lines' table
     QString campoLinea; // the line number, last field of its key
-    QList<forms::GridColumn> columnas;
+    QList<GridColumn> columnas;
 };
 
 class MaestroConLineas : public MaestroFicha {
 public:
     MaestroConLineas(TModuloDatos &datos, DeclaracionFicha cabecera, DeclaracionLineas lineas);
 
-    forms::Table &Table2() const { return *table2_; }
-    forms::DataSource &DataSource2() const { return *source2_; }
-    forms::DBGrid &DBGrid2() const { return *grid2_; }
+    Table &Table2() const { return *table2_; }
+    DataSource &DataSource2() const { return *source2_; }
+    DBGrid &DBGrid2() const { return *grid2_; }
     const DeclaracionLineas &Lineas() const { return lineas_; }
 
 protected:
@@ -67,22 +67,22 @@ protected:
     // The lines' validator: the column left (sender `DBGrid2`, its
     // `SelectedIndex` the column) or, with no sender, every rule before the
     // line is posted. False after its message.
-    virtual bool ValidacionLinea(forms::Component *sender);
+    virtual bool ValidacionLinea(Component *sender);
     void AntesGrabar() override;
 
 private:
     QVariantList claveCabecera();
     void enlazarLineas();
-    void salidaColumna(forms::Component *sender);
+    void salidaColumna(Component *sender);
     void grabarLinea();
     void eliminarLinea();
     void eliminarCabecera();
     void cancelarCabecera();
 
     DeclaracionLineas lineas_;
-    forms::Table *table2_ = nullptr;
-    forms::DataSource *source2_ = nullptr;
-    forms::DBGrid *grid2_ = nullptr;
+    Table *table2_ = nullptr;
+    DataSource *source2_ = nullptr;
+    DBGrid *grid2_ = nullptr;
 };
 
-} // namespace co::works
+} // namespace co::forms

@@ -20,9 +20,9 @@
 // control and no key check. `dialogo` gives the buttons pbGrabar (posts and
 // closes) and pbCancelar (cancels and closes) and no menu.
 
-#include "works/record_master.h"
+#include "forms/record_master.h"
 
-namespace co::works {
+namespace co::forms {
 
 struct ControlFicha {
     QString campo;       // the field edited
@@ -44,9 +44,9 @@ public:
     MaestroFicha(TModuloDatos &datos, DeclaracionFicha declaracion);
 
     // The key control; nullptr for a single-row table.
-    forms::DataControl *CampoClave() const { return campoClave_; }
+    DataControl *CampoClave() const { return campoClave_; }
     // The control of a declared field; nullptr for another field.
-    forms::DataControl *Control(const QString &campo) const;
+    DataControl *Control(const QString &campo) const;
     const DeclaracionFicha &Declaracion() const { return declaracion_; }
     // `ClaveCambiada`: the key was typed while the record was in `Edit`.
     bool ClaveCambiada() const { return claveCambiada_; }
@@ -57,13 +57,13 @@ protected:
 private:
     void alta();
     void cambioEstado();
-    void salidaClave(forms::Component *sender);
-    void salidaControl(forms::Component *sender);
+    void salidaClave(Component *sender);
+    void salidaControl(Component *sender);
 
     DeclaracionFicha declaracion_;
-    QList<forms::DataControl *> controles_;
-    forms::DataControl *campoClave_ = nullptr;
+    QList<DataControl *> controles_;
+    DataControl *campoClave_ = nullptr;
     bool claveCambiada_ = false;
 };
 
-} // namespace co::works
+} // namespace co::forms

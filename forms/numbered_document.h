@@ -10,13 +10,12 @@
 #include "forms/maintenance_routines.h"
 #include "forms/table.h"
 
-namespace co::works {
+namespace co::forms {
 
 // `Table1NewRecord`: the next number into `campo`.
-void NumeroNuevo(forms::Table &tabla, const QString &campo);
+void NumeroNuevo(Table &tabla, const QString &campo);
 
 // `Table1BeforePost`: on a new record whose key is taken, the question above.
-void ReasignarNumeroRepetido(forms::Table &tabla, const QString &campo,
-                             forms::RutinasFormulario &rutinas);
+void ReasignarNumeroRepetido(Table &tabla, const QString &campo, RutinasFormulario &rutinas);
 
-} // namespace co::works
+} // namespace co::forms
