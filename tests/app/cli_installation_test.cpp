@@ -246,6 +246,7 @@ TEST_P(HostileInstallation, AGeneralFolderThatCannotBeMadeSaysWhy) {
 // ---- files that never end -------------------------------------------------------
 
 TEST_P(HostileInstallation, AnEndlessSettingsFileIsRefused) {
+    QFile::remove(path(QStringLiteral("NAROWIN.INI"))); // the one init wrote
     ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), path(QStringLiteral("NAROWIN.INI"))));
     const CliResult ini = sql({QStringLiteral("SELECT COUNT(*) FROM EMPRESA")}, 60000);
     EXPECT_EQ(ini.status, 0) << ini.err.toStdString();
