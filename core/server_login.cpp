@@ -6,6 +6,7 @@
 #include "core/password_scramble.h"
 
 #include <QDir>
+#include <QFile>
 
 namespace co {
 
@@ -47,8 +48,17 @@ bool GuardarClaveServidor(const QString &archivoINI, const QString &clave, QStri
                           .arg(archivoINI);
         return false;
     }
-    return EscribirClaveINI(archivoINI, kSeccionMSSQL, QStringLiteral("PasswordInicioSesion"),
-                            cifrada, motivo);
+    if (!EscribirClaveINI(archivoINI, kSeccionMSSQL, QStringLiteral("PasswordInicioSesion"),
+                          cifrada, motivo))
+        return false;
+    // Scrambled is not hidden: the file is for its owner's eyes alone.
+    if (!clave.isEmpty() &&
+        !QFile::setPermissions(archivoINI, QFileDevice::ReadOwner | QFileDevice::WriteOwner)) {
+        if (motivo)
+            *motivo = QStringLiteral("No ha sido posible proteger el archivo %1.").arg(archivoINI);
+        return false;
+    }
+    return true;
 }
 
 bool RetirarClaveInstalacion(const QString &carpeta, const QString &archivoINI,

@@ -28,8 +28,9 @@ bool EsFalloClaveServidor(const QString &motivo);
 // gives an empty optional with `reintentar` false: the start stops.
 std::optional<QString> PedirClaveServidor(Messenger &mensajes, bool *reintentar);
 
-// Writes `clave` scrambled as `PasswordInicioSesion` into the INI file. False
-// and a Spanish `motivo` when it cannot be scrambled or written.
+// Writes `clave` scrambled as `PasswordInicioSesion` into the INI file and
+// leaves the file readable by its owner alone. False and a Spanish `motivo`
+// when it cannot be scrambled, written or protected.
 bool GuardarClaveServidor(const QString &archivoINI, const QString &clave, QString *motivo);
 
 // Takes a password written in clear in `ServidorBaseDatos` out of `INSTALACION`
