@@ -11,12 +11,16 @@
 // Commands after init log in as the desktop program does; the password comes
 // from CONTROL_OBRAS_CLAVE or is asked on the terminal, and with neither the
 // login stops without counting a failure. Without a user the installation's
-// first user is taken; a user given blank is refused.
+// first user is taken; a user given blank is refused. A server password given
+// to init goes scrambled to NAROWIN.INI; one the server refuses is taken from
+// CONTROL_OBRAS_CLAVE_SERVIDOR or asked on the terminal.
 
 #include "cli_messages.h"
 #include "cli_screen.h"
 #include "core/data_folder.h"
 #include "core/dictionary_loader.h"
+#include "core/folder_creation.h"
+#include "core/ini_defaults.h"
 #include "core/main_menu.h"
 #include "core/rights.h"
 #include "core/sql_text.h"
@@ -142,6 +146,7 @@ co::OpcionesArranque opcionesDe(const Arguments &a) {
     o.carpetaDatos = co::CarpetaDatosAplicacion();
     o.ejecutable = QCoreApplication::applicationFilePath();
     o.instalacionObligatoria = true;
+    o.origenCarpeta = QStringLiteral("--dir");
     return o;
 }
 
@@ -162,7 +167,12 @@ int init(const Arguments &a) {
     // A relative folder keeps the installation movable.
     if (QDir(settings.PathBaseDatosGeneral) == QDir(a.dir))
         settings.PathBaseDatosGeneral = QStringLiteral(".");
-    if (!co::EscribirInstalacion(a.dir, settings, &motivo)) {
+    // The server password goes scrambled to the INI file, never in clear to INSTALACION.
+    QString clave;
+    settings.ServidorBaseDatos = co::ServidorSinClave(settings.ServidorBaseDatos, &clave);
+    if (!co::CrearCarpeta(a.dir, &motivo) ||
+        !co::CrearArchivoINI(co::RutaArchivoINI(a.dir, {}), clave, &motivo) ||
+        !co::EscribirInstalacion(a.dir, settings, &motivo)) {
         print(stderr, motivo + u'\n');
         return 1;
     }

@@ -1,6 +1,7 @@
 #include "cli_messages.h"
 
 #include "core/login.h"
+#include "core/server_login.h"
 
 #include <QTextStream>
 #include <cstdio>
@@ -42,6 +43,24 @@ std::optional<QString> CliMessages::ask(const QString &, const QString &text,
     // The masked prompt is told by its value, which no translation changes.
     if (value != kValorClaveOculta)
         return value;
+    if (text == kPreguntaClaveServidor) {
+        if (!claveServidorDada_ && qEnvironmentVariableIsSet("CONTROL_OBRAS_CLAVE_SERVIDOR")) {
+            claveServidorDada_ = true;
+            return qEnvironmentVariable("CONTROL_OBRAS_CLAVE_SERVIDOR");
+        }
+        if (isatty(STDIN_FILENO)) {
+            const QString typed = readHidden(text);
+            if (!typed.isNull())
+                return typed;
+        }
+        std::fprintf(stderr, "%s\n",
+                     QStringLiteral("¡No se ha indicado la clave del servidor!. Escríbala en un "
+                                    "terminal o indíquela en la variable de entorno "
+                                    "CONTROL_OBRAS_CLAVE_SERVIDOR.")
+                         .toLocal8Bit()
+                         .constData());
+        return std::nullopt;
+    }
     if (qEnvironmentVariableIsSet("CONTROL_OBRAS_CLAVE"))
         return qEnvironmentVariable("CONTROL_OBRAS_CLAVE");
     if (isatty(STDIN_FILENO)) {

@@ -19,6 +19,8 @@ int main(int argc, char **argv) {
     co::OpcionesArranque opciones;
     const QString dir = qEnvironmentVariable("CONTROL_OBRAS_DIR");
     opciones.carpetaInstalacion = dir.isEmpty() ? QApplication::applicationDirPath() : dir;
+    if (!dir.isEmpty())
+        opciones.origenCarpeta = QStringLiteral("CONTROL_OBRAS_DIR");
     opciones.carpetaAplicacion = opciones.carpetaInstalacion;
     opciones.carpetaDatos = co::CarpetaDatosAplicacion();
     opciones.ejecutable = QApplication::applicationFilePath();

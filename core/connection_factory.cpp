@@ -231,7 +231,7 @@ QSqlDatabase openConnection(const QString &connectionName, Backend backend,
                             QString *motivo) {
     if (!checkTarget(backend, settings, target, motivo))
         return QSqlDatabase();
-    const QStringList words = PalabrasServidor(settings.ServidorBaseDatos);
+    const QStringList words = PalabrasConexion(settings);
     // The general data are the first a session opens: the server proves it answers.
     if (backend == Backend::PostgreSQL && target.general &&
         !ProbarServidorPostgreSQL(words, EsperaServidor(words), motivo))
@@ -273,6 +273,22 @@ bool CrearInstalacion(const InstallationSettings &settings, QString *motivo) {
     const bool ok = openConnection(name, *backend, settings, target, motivo).isValid();
     closeConnection(name);
     return ok;
+}
+
+QStringList PalabrasConexion(const InstallationSettings &settings) {
+    QStringList words;
+    for (const QString &word : PalabrasServidor(settings.ServidorBaseDatos)) {
+        const QString key = word.section(u'=', 0, 0);
+        if ((key == u"user" && !settings.UsuarioInicioSesion.isEmpty()) ||
+            (key == u"password" && !settings.ClaveInicioSesion.isEmpty()))
+            continue;
+        words << word;
+    }
+    if (!settings.UsuarioInicioSesion.isEmpty())
+        words << QStringLiteral("user=") + settings.UsuarioInicioSesion;
+    if (!settings.ClaveInicioSesion.isEmpty())
+        words << QStringLiteral("password=") + settings.ClaveInicioSesion;
+    return words;
 }
 
 void closeConnection(const QString &connectionName) {

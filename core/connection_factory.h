@@ -40,6 +40,11 @@ QSqlDatabase openConnection(const QString &connectionName, Backend backend,
 // when they exist. False and a Spanish `motivo` naming the setting at fault.
 bool CrearInstalacion(const InstallationSettings &settings, QString *motivo);
 
+// The libpq words a PostgreSQL connection is made with: those of
+// `ServidorBaseDatos`, with the server login of NAROWIN.INI in place of "user="
+// and "password=" when the settings carry one.
+QStringList PalabrasConexion(const InstallationSettings &settings);
+
 // Closes and unregisters a connection made by openConnection.
 void closeConnection(const QString &connectionName);
 

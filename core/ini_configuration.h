@@ -60,6 +60,8 @@ struct ConfiguracionINI {
 
     // Reconstrucción Automática de Tablas
     QString Tablas;
+
+    bool operator==(const ConfiguracionINI &) const = default;
 };
 
 // Reads every key of `archivo`. `FormatoFechaSQL` is read only when

@@ -150,4 +150,18 @@ bool ServidorConClave(const QString &servidorBaseDatos) {
     return password.match(servidorBaseDatos).hasMatch();
 }
 
+QString ServidorSinClave(const QString &servidorBaseDatos, QString *clave) {
+    QStringList kept;
+    for (const QString &word : servidorBaseDatos.split(u' ', Qt::SkipEmptyParts)) {
+        const qsizetype eq = word.indexOf(u'=');
+        if (eq > 0 && word.left(eq).trimmed().compare(u"password", Qt::CaseInsensitive) == 0) {
+            if (clave)
+                *clave = word.mid(eq + 1);
+            continue;
+        }
+        kept << word;
+    }
+    return kept.join(u' ');
+}
+
 } // namespace co

@@ -15,6 +15,12 @@ struct InstallationSettings {
     QString NombrePrimeraEmpresa;   // name of the first company
     QString CodigoPrimerUsuario;    // code of the first user; empty: the system user
     QString ServidorBaseDatos;      // PostgreSQL: libpq words "host=... port=... dbname=..."
+    // The server login of NAROWIN.INI (`NombreUsuarioInicioSesion` and the
+    // unscrambled `PasswordInicioSesion`), never written to `INSTALACION`: when
+    // not empty they stand for the "user=" and "password=" words of
+    // `ServidorBaseDatos`.
+    QString UsuarioInicioSesion;
+    QString ClaveInicioSesion;
 };
 
 inline constexpr const char *kArchivoInstalacion = "INSTALACION";
@@ -47,5 +53,9 @@ QString ProblemaNombreDatos(const QString &nombre, int largoMaximo = kLargoNombr
 
 // Whether the libpq words of `ServidorBaseDatos` hold a password.
 bool ServidorConClave(const QString &servidorBaseDatos);
+
+// `servidorBaseDatos` without its "password=" words; the last password found
+// goes to `clave`.
+QString ServidorSinClave(const QString &servidorBaseDatos, QString *clave);
 
 } // namespace co

@@ -47,6 +47,8 @@ public:
 
     Backend backend() const { return backend_; }
     const InstallationSettings &instalacion() const { return settings_; }
+    // The server password the next connection is made with.
+    void setClaveServidor(const QString &clave) { settings_.ClaveInicioSesion = clave; }
     Messenger &mensajes() { return messenger_; }
     // The crash-test seam of this process (see crash_points.h).
     CrashPoints &crashPoints() { return crashPoints_; }

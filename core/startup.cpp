@@ -4,11 +4,13 @@
 #include "core/currency_table.h"
 #include "core/folder_creation.h"
 #include "core/rights.h"
+#include "core/server_login.h"
 #include "core/session_values.h"
 #include "core/users.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <optional>
 
 namespace co {
 namespace {
@@ -32,6 +34,17 @@ bool Aplicacion::Iniciar() {
     const QString archivoInstalacion =
         QDir(opciones_.carpetaInstalacion).filePath(QLatin1String(kArchivoInstalacion));
     QString motivo;
+    // A mistyped folder must not become a new installation; `init` makes it.
+    if (!opciones_.crearInstalacion && !QFileInfo(opciones_.carpetaInstalacion).isDir()) {
+        const QString origen = opciones_.origenCarpeta.isEmpty()
+                                   ? QString()
+                                   : QStringLiteral(" indicada por ") + opciones_.origenCarpeta;
+        aviso.MensajeA(QStringLiteral("¡Imposible iniciar la aplicación!. Motivo: La carpeta de la "
+                                      "instalación %1%2 no existe. Una instalación nueva se crea "
+                                      "con \"control-obras-cli init\".")
+                           .arg(QDir::cleanPath(opciones_.carpetaInstalacion), origen));
+        return false;
+    }
     if (!LeerInstalacion(opciones_.carpetaInstalacion, &instalacion_, &motivo)) {
         const QString texto = QStringLiteral("No ha sido posible leer los parámetros del archivo ") + archivoInstalacion +
                               QStringLiteral(". ");
@@ -48,6 +61,18 @@ bool Aplicacion::Iniciar() {
     if (!backendFromName(instalacion_.TipoBaseDatos, &motivo) ||
         !ValidarInstalacion(instalacion_, &motivo))
         return imposible(motivo);
+    // The INI file comes first: it holds the server login.
+    const QString archivoINI =
+        RutaArchivoINI(opciones_.carpetaAplicacion, opciones_.linea.ParametroINI);
+    if (!LeerConfiguracionINI(archivoINI, instalacion_.TipoBaseDatos, configuracion_, &motivo))
+        aviso.MensajeA(motivo);
+    instalacion_.UsuarioInicioSesion = configuracion_.NombreUsuarioInicioSesion;
+    instalacion_.ClaveInicioSesion = configuracion_.PasswordInicioSesion;
+    if (ServidorConClave(instalacion_.ServidorBaseDatos) &&
+        !RetirarClaveInstalacion(opciones_.carpetaInstalacion, archivoINI, instalacion_, &motivo))
+        aviso.MensajeA(
+            QStringLiteral("La clave del servidor sigue escrita sin cifrar en el archivo ") +
+            archivoInstalacion + QStringLiteral(". Motivo: ") + motivo);
     if (opciones_.crearInstalacion && !CrearInstalacion(instalacion_, &motivo))
         return imposible(motivo);
     // The folder holds the instance numbers: made here, it would hide a mistyped path.
@@ -57,9 +82,7 @@ bool Aplicacion::Iniciar() {
                 .arg(instalacion_.PathBaseDatosGeneral));
     sesion_ = std::make_unique<TfGENEINIC>(instalacion_, port_);
     TfGENEINIC &s = *sesion_;
-    s.ArchivoINI = RutaArchivoINI(opciones_.carpetaAplicacion, opciones_.linea.ParametroINI);
-    if (!LeerConfiguracionINI(s.ArchivoINI, s.TipoBaseDatos, configuracion_, &motivo))
-        s.mensajes().MensajeA(motivo);
+    s.ArchivoINI = archivoINI;
 
     instancia_ = std::make_unique<co::NumeroInstancia>(instalacion_.PathBaseDatosGeneral);
     if (instancia_->numero() == 0) {
@@ -72,11 +95,8 @@ bool Aplicacion::Iniciar() {
         return false;
     }
     LimpiarArchivosTemporales(opciones_.carpetaAplicacion, QDir::tempPath(), instancia_->carpetaPrivada());
-    motivo.clear();
-    if (!s.Conectar(&motivo)) {
-        s.mensajes().MensajeA(QStringLiteral("¡Imposible iniciar la aplicación!. Motivo: ") + motivo);
+    if (!conectar())
         return false;
-    }
     s.FechaVersion = CalcularFechaVersion(opciones_.ejecutable);
     s.MapaAyuda = LeerMapaAyuda(QDir(opciones_.carpetaAplicacion).filePath(QStringLiteral("NAROWIN.MAP")));
     datos_ = std::make_unique<TModuloDatos>(s);
@@ -94,6 +114,32 @@ bool Aplicacion::Iniciar() {
     s.VersionServidor = datos_->EjecutarSQL(SentenciaVersionServidor(s.backend()), kGeneral, QStringLiteral("Silenciosa"))
                             .section(u'|', 0, 0);
     return prepararTablasIniciales();
+}
+
+bool Aplicacion::conectar() {
+    TfGENEINIC &s = *sesion_;
+    for (;;) {
+        QString motivo;
+        if (s.Conectar(&motivo))
+            return true;
+        bool reintentar = false;
+        std::optional<QString> clave;
+        if (s.backend() == Backend::PostgreSQL && EsFalloClaveServidor(motivo)) {
+            s.setClaveServidor({});
+            clave = PedirClaveServidor(s.mensajes(), &reintentar);
+        }
+        if (reintentar)
+            continue;
+        if (!clave) {
+            s.mensajes().MensajeA(QStringLiteral("¡Imposible iniciar la aplicación!. Motivo: ") +
+                                  motivo);
+            return false;
+        }
+        s.setClaveServidor(*clave);
+        QString porque;
+        if (!GuardarClaveServidor(s.ArchivoINI, *clave, &porque))
+            s.mensajes().MensajeA(porque);
+    }
 }
 
 bool Aplicacion::prepararTablasIniciales() {

@@ -22,6 +22,9 @@ namespace co {
 
 struct OpcionesArranque {
     QString carpetaInstalacion;  // where INSTALACION is
+    // What named that folder, for the message when it does not exist
+    // ("CONTROL_OBRAS_DIR", "--dir"); empty: the program's own folder.
+    QString origenCarpeta;
     QString carpetaAplicacion;   // where the INI file is looked for
     QString carpetaDatos;        // DATABASE.TXT and the other data files
     QString ejecutable;          // the program's file, for its version date
@@ -65,6 +68,8 @@ public:
     static QString NombrePrograma() { return QStringLiteral("Control de Obras"); }
 
 private:
+    // Opens the connections; a password the server refuses is asked again.
+    bool conectar();
     bool prepararTablasIniciales();
 
     OpcionesArranque opciones_;

@@ -1,6 +1,7 @@
 #include "forms/dataset.h"
 
 #include "core/result_text.h"
+#include "forms/field_limits.h"
 
 namespace co::forms {
 namespace {
@@ -507,6 +508,13 @@ void Dataset::Post() {
         if (fields_[i]->Required && buffer_[i].isNull())
             throw EDatabaseError(
                 QStringLiteral("Field '%1' must have a value").arg(fields_[i]->FieldName()));
+    for (int i = 0; i < dataFields_; ++i)
+        if (const QString problema = ProblemaValorCampo(*fields_[i]); !problema.isEmpty()) {
+            if (!AvisoValorCampo)
+                throw EValorCampo(problema);
+            AvisoValorCampo(problema);
+            Abort();
+        }
     const Row row = buffer_.mid(0, dataFields_);
     bool positioned;
     if (state_ == DatasetState::Insert) {

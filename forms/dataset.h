@@ -117,6 +117,10 @@ public:
     void Cancel();
     void Delete();
     bool ReadOnly = false;
+    // Tells why a value cannot be written (field_limits.h). A post that meets
+    // such a value calls it and raises the silent abort, the record staying
+    // pending as typed; unset, the post raises EValorCampo with the message.
+    std::function<void(const QString &)> AvisoValorCampo;
 
     // ---- index, ranges and key search
     QString IndexName() const { return indexName_; }

@@ -38,4 +38,12 @@ private:
     QByteArray utf8_;
 };
 
+// A value its field cannot hold (field_limits.h), refused before the write. Its
+// text is the Spanish message itself; unlike other refused writes it leaves the
+// record pending as typed, for correction.
+class EValorCampo : public EDatabaseError {
+public:
+    using EDatabaseError::EDatabaseError;
+};
+
 } // namespace co::forms

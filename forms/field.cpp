@@ -168,8 +168,7 @@ QVariant Field::Converted(const QVariant &value) const {
         default:
             break;
         }
-        if (type_ == TipoCampo::ftString && Size > 0 && text.size() > Size)
-            return text.left(Size);
+        // A text beyond the width stays as typed; the post tells (field_limits.h).
         return text;
     }
     switch (Kind()) {

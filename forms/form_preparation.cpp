@@ -26,6 +26,10 @@ void soloLectura(Form &form, RutinasFormulario &rutinas, const OpcionesPreparaci
 
 void manejadoresComunes(Form &form, RutinasFormulario &rutinas) {
     for (Dataset *ds : form.Datasets()) {
+        if (!ds->AvisoValorCampo)
+            ds->AvisoValorCampo = [&rutinas](const QString &texto) {
+                rutinas.Datos().sesion().mensajes().MensajeA(texto);
+            };
         auto *table = dynamic_cast<Table *>(ds);
         if (!table || table->TableName().isEmpty())
             continue;

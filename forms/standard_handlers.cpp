@@ -46,6 +46,9 @@ bool GrabarDatos(Form &form, Dataset &ds, RutinasFormulario &rutinas, FamiliaFor
         ds.Post();
     } catch (const EAbort &) {
         return false; // a validator told why; the record stays pending
+    } catch (const EValorCampo &e) {
+        m.MensajeA(e.Texto()); // nothing typed is lost: the record stays pending
+        return false;
     } catch (const EDatabaseError &) {
         if (estado == DatasetState::Insert)
             m.MensajeA(QStringLiteral("¡ Este registro ya existe !"));

@@ -4,10 +4,16 @@
 #include "core/failure_handler.h"
 
 #include <QCursor>
+#include <QLibraryInfo>
 
 namespace co::ui {
 
-ControlObrasApplication::ControlObrasApplication(int &argc, char **argv) : QApplication(argc, argv) {}
+ControlObrasApplication::ControlObrasApplication(int &argc, char **argv)
+    : QApplication(argc, argv) {
+    traduccionQtCargada_ = traduccionQt_.load(QStringLiteral("qtbase_es"),
+                                              QLibraryInfo::path(QLibraryInfo::TranslationsPath)) &&
+                           installTranslator(&traduccionQt_);
+}
 
 bool ControlObrasApplication::notify(QObject *receiver, QEvent *event) {
     try {

@@ -131,7 +131,9 @@ void DesktopSession::crearModulosDatos() {
 }
 
 void DesktopSession::aplicarParametrosObra() {
-    ventana_->ConfigurarPartes(obra_->ParametrosMultiPartes(), obra_->ParametrosPartesSeparados());
+    // The entries go only for an exact "NO".
+    ventana_->ConfigurarPartes(!obra_->EsNO(QStringLiteral("MultiPartes")),
+                               !obra_->EsNO(QStringLiteral("PartesSeparados")));
 }
 
 bool DesktopSession::CambiarEmpresa(int codigo) {

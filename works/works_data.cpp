@@ -53,8 +53,14 @@ double TMDObra::ParametroNumero(const QString &campo) const {
     return valores_.value(campo.toLower()).toDouble();
 }
 
-bool TMDObra::esNo(const QString &campo) const {
-    return Parametro(campo).trimmed().compare(u"NO", Qt::CaseInsensitive) == 0;
+QString TMDObra::Bandera(const QString &campo) const {
+    const QString valor = Parametro(campo);
+    if (!valor.isEmpty())
+        return valor;
+    for (const auto &[nombre, defecto] : ValoresPorDefectoParametrosObra())
+        if (nombre.compare(campo, Qt::CaseInsensitive) == 0)
+            return defecto.toString();
+    return valor;
 }
 
 } // namespace co::works

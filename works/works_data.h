@@ -35,15 +35,20 @@ public:
     QString Parametro(const QString &campo) const;
     double ParametroNumero(const QString &campo) const;
 
-    // The flags the rest of the program asks most; a flag is on unless it says "NO".
-    bool ParametrosMultiPartes() const { return !esNo(QStringLiteral("MultiPartes")); }
-    bool ParametrosPartesSeparados() const { return !esNo(QStringLiteral("PartesSeparados")); }
-    bool ParametrosAdmPorPorcentajes() const { return !esNo(QStringLiteral("AdmPorPorcentajes")); }
-    bool ParametrosModificarPartes() const { return !esNo(QStringLiteral("ModificarPartes")); }
+    // A flag as it stands, or its default when the field holds nothing. Flags
+    // are compared exactly: "SI" switches on, "NO" switches off, and any other
+    // text ("si", "No ") is neither.
+    QString Bandera(const QString &campo) const;
+    bool EsSI(const QString &campo) const { return Bandera(campo) == u"SI"; }
+    bool EsNO(const QString &campo) const { return Bandera(campo) == u"NO"; }
+
+    // The flags the rest of the program asks most: on only for "SI".
+    bool ParametrosMultiPartes() const { return EsSI(QStringLiteral("MultiPartes")); }
+    bool ParametrosPartesSeparados() const { return EsSI(QStringLiteral("PartesSeparados")); }
+    bool ParametrosAdmPorPorcentajes() const { return EsSI(QStringLiteral("AdmPorPorcentajes")); }
+    bool ParametrosModificarPartes() const { return EsSI(QStringLiteral("ModificarPartes")); }
 
 private:
-    bool esNo(const QString &campo) const;
-
     TModuloDatos &datos_;
     QHash<QString, QVariant> valores_; // by lower-case field name
     bool grabados_ = false;

@@ -246,6 +246,7 @@ TEST_P(HostileInstallation, AGeneralFolderThatCannotBeMadeSaysWhy) {
 // ---- files that never end -------------------------------------------------------
 
 TEST_P(HostileInstallation, AnEndlessSettingsFileIsRefused) {
+    QFile::remove(path(QStringLiteral("NAROWIN.INI"))); // the one init wrote
     ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), path(QStringLiteral("NAROWIN.INI"))));
     const CliResult ini = sql({QStringLiteral("SELECT COUNT(*) FROM EMPRESA")}, 60000);
     EXPECT_EQ(ini.status, 0) << ini.err.toStdString();
@@ -278,7 +279,7 @@ INSTANTIATE_TEST_SUITE_P(Backends, HostileInstallation,
 
 // ---- the password of the server --------------------------------------------------
 
-TEST(InstallationFile, APasswordIsReadableByItsOwnerAlone) {
+TEST(InstallationFile, APasswordIsKeptOutOfItAndItsIniFileReadableByItsOwnerAlone) {
     QTemporaryDir dir;
     InstallationSettings s = test::freshInstallation(Backend::PostgreSQL, dir.path());
     ASSERT_TRUE(EscribirInstalacion(dir.path(), s));
@@ -287,9 +288,24 @@ TEST(InstallationFile, APasswordIsReadableByItsOwnerAlone) {
                              QStringLiteral("--servidor"),
                              s.ServidorBaseDatos + QStringLiteral(" password=secreta")});
     EXPECT_EQ(r.status, 0) << r.err.toStdString();
+    QFile instalacion(dir.filePath(QStringLiteral("INSTALACION")));
+    ASSERT_TRUE(instalacion.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(instalacion.readAll().contains("secreta"));
+    // The INI file holds it, scrambled: for its owner's eyes alone.
     struct stat info {};
     ASSERT_EQ(
-        ::stat(QFile::encodeName(dir.filePath(QStringLiteral("INSTALACION"))).constData(), &info),
+        ::stat(QFile::encodeName(dir.filePath(QStringLiteral("NAROWIN.INI"))).constData(), &info),
+        0);
+    EXPECT_EQ(info.st_mode & 0777, 0600u);
+    // Also when the file was there before with other rights.
+    ::chmod(QFile::encodeName(dir.filePath(QStringLiteral("NAROWIN.INI"))).constData(), 0644);
+    EXPECT_EQ(
+        cli({QStringLiteral("init"), QStringLiteral("--dir"), dir.path(),
+             QStringLiteral("--servidor"), s.ServidorBaseDatos + QStringLiteral(" password=otra")})
+            .status,
+        0);
+    ASSERT_EQ(
+        ::stat(QFile::encodeName(dir.filePath(QStringLiteral("NAROWIN.INI"))).constData(), &info),
         0);
     EXPECT_EQ(info.st_mode & 0777, 0600u);
     test::dropInstallation(s);

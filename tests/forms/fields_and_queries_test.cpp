@@ -2,6 +2,7 @@
 // display formats from the number templates, and query datasets, on both
 // back-ends.
 #include "forms/display_formats.h"
+#include "forms/field_limits.h"
 #include "forms/query_dataset.h"
 #include "forms_fixture.h"
 
@@ -45,14 +46,66 @@ TEST_P(FieldsAndQueries, HourFieldsReadAndWriteTheTime) {
     EXPECT_EQ(datos_->ValorClave(*t), QStringLiteral("1;"));
 }
 
-TEST_P(FieldsAndQueries, TextsLongerThanTheColumnAreCutAtItsSize) {
+TEST_P(FieldsAndQueries, ValuesBeyondTheirFieldAreRefusedOnPostAndKeptAsTyped) {
     obras(1, 1);
+    const QString antes = ok(QStringLiteral("SELECT Nombre, Bloque FROM PRUOBRA"));
     auto t = abrir();
     t->Edit();
-    t->FieldByName(QStringLiteral("Nombre")).SetAsString(QString(60, u'x'));
-    EXPECT_EQ(t->FieldByName(QStringLiteral("Nombre")).AsString().size(), 40);
+    t->FieldByName(QStringLiteral("Nombre")).SetAsString(QString(41, u'x'));
+    EXPECT_EQ(t->FieldByName(QStringLiteral("Nombre")).AsString().size(), 41) << "nothing is cut";
+    try {
+        t->Post();
+        ADD_FAILURE() << "a text beyond the width was written";
+    } catch (const EValorCampo &e) {
+        EXPECT_EQ(e.Texto(),
+                  QStringLiteral(
+                      "¡El valor de Nombre no puede tener más de 40 caracteres! Repita por favor"));
+    }
+    EXPECT_EQ(t->State(), DatasetState::Edit);
+    t->FieldByName(QStringLiteral("Nombre")).SetAsString(QString(40, u'x'));
+    // A whole number beyond its type, either way.
+    for (const char *fuera : {"32768", "-32769", "99999999999"}) {
+        t->FieldByName(QStringLiteral("Bloque")).SetAsString(QString::fromLatin1(fuera));
+        EXPECT_THROW(t->Post(), EValorCampo) << fuera;
+        EXPECT_EQ(t->FieldByName(QStringLiteral("Bloque")).AsString(), QString::fromLatin1(fuera));
+    }
+    EXPECT_EQ(ok(QStringLiteral("SELECT Nombre, Bloque FROM PRUOBRA")), antes);
+    // With a screen's messages the post tells and stops silently, still pending.
+    QStringList avisos;
+    t->AvisoValorCampo = [&avisos](const QString &texto) { avisos << texto; };
+    EXPECT_THROW(t->Post(), EAbort);
+    EXPECT_EQ(avisos,
+              QStringList{QStringLiteral("¡El valor de Bloque es incorrecto! Repita por favor")});
+    EXPECT_EQ(t->State(), DatasetState::Edit);
+    t->FieldByName(QStringLiteral("Bloque")).SetAsString(QStringLiteral("-32768"));
     t->Post();
-    EXPECT_EQ(ok(QStringLiteral("SELECT Nombre FROM PRUOBRA")).size(), 40);
+    EXPECT_EQ(ok(QStringLiteral("SELECT Nombre, Bloque FROM PRUOBRA")),
+              QString(40, u'x') + QStringLiteral("|-32768"));
+}
+
+TEST_P(FieldsAndQueries, PercentagesLieBetweenZeroAndAHundred) {
+    ok(QStringLiteral(
+        "CREATE TABLE PRUIVA (Codigo INTEGER NOT NULL PRIMARY KEY, PorcentajeIVA DOUBLE "
+        "PRECISION, Iva2 DOUBLE PRECISION, Importe DOUBLE PRECISION)"));
+    auto t = abrir(QStringLiteral("PRUIVA"));
+    t->Append();
+    t->FieldByName(QStringLiteral("Codigo")).SetAsInteger(1);
+    t->FieldByName(QStringLiteral("Importe")).SetAsString(QStringLiteral("-150"));
+    for (const char *campo : {"PorcentajeIVA", "Iva2"}) {
+        Field &f = t->FieldByName(QString::fromLatin1(campo));
+        for (const char *mal : {"150", "-0,5", "100,01"}) {
+            f.SetAsString(QString::fromLatin1(mal));
+            EXPECT_THROW(t->Post(), EValorCampo) << campo << " " << mal;
+        }
+        f.SetAsString(QStringLiteral("100"));
+    }
+    t->Post();
+    EXPECT_EQ(ok(QStringLiteral("SELECT PorcentajeIVA, Iva2, Importe FROM PRUIVA")),
+              QStringLiteral("100|100|-150"));
+    EXPECT_TRUE(EsCampoPorcentaje(QStringLiteral("PorcentajeRgo")));
+    EXPECT_TRUE(EsCampoPorcentaje(QStringLiteral("Recargo5")));
+    EXPECT_FALSE(EsCampoPorcentaje(QStringLiteral("Iva6")));
+    EXPECT_FALSE(EsCampoPorcentaje(QStringLiteral("ImporteIva1")));
 }
 
 TEST_P(FieldsAndQueries, PlaceholderFormatsFollowTheFieldName) {

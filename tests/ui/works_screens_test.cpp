@@ -113,6 +113,25 @@ TEST_P(WorksScreens, TheParametersScreenSavesThroughItsWidgetsAndTheMenuFollows)
         session.ventana()->accion(QStringLiteral("IntroduccindePartesdeTrabajo1"))->isVisible());
 }
 
+TEST_P(WorksScreens, TheMenuHidesReportEntriesOnlyForAnExactNo) {
+    {
+        DesktopSession session(opciones(QStringLiteral("ADMIN")), &port_);
+        ASSERT_TRUE(session.Arrancar());
+        const QString r = session.aplicacion().datos().EjecutarSQL(
+            QStringLiteral("INSERT INTO PARAOBRA (IdRegistro, MultiPartes, PartesSeparados) VALUES "
+                           "(1, 'no', 'NO')"));
+        ASSERT_FALSE(r.startsWith(QStringLiteral("Error"))) << r.toStdString();
+    }
+    DesktopSession session(opciones(QStringLiteral("ADMIN")), &port_);
+    ASSERT_TRUE(session.Arrancar());
+    EXPECT_TRUE(
+        session.ventana()->accion(QStringLiteral("IntroduccindePartesConjuntos1"))->isVisible())
+        << "\"no\" in lower case is not the flag's NO";
+    EXPECT_FALSE(
+        session.ventana()->accion(QStringLiteral("IntroduccindePartesdeTrabajo1"))->isVisible());
+    EXPECT_FALSE(session.obra()->ParametrosMultiPartes()) << "nor is it a SI";
+}
+
 TEST_P(WorksScreens, ControlsPickedByTheAdministratorGoToTheUsersNamedAtTheEnd) {
     QFile ini(dir_.filePath(QStringLiteral("NAROWIN.INI")));
     ASSERT_TRUE(ini.open(QIODevice::WriteOnly));

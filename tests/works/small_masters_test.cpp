@@ -41,6 +41,38 @@ TEST_P(SmallMasters, UnitsTakeTheFirstVatRateAndKeepEnteringAfterAPost) {
     EXPECT_TRUE(messages_.shown().isEmpty()) << messages_.texts().join(u'|').toStdString();
 }
 
+TEST_P(SmallMasters, AValueBeyondItsFieldIsToldAndStaysForCorrection) {
+    ScreenTest<TfOBRAUNID> s(*datos_);
+    ASSERT_TRUE(s.open());
+    ASSERT_TRUE(s.click(QStringLiteral("Agregar")));
+    ASSERT_TRUE(s.type(QStringLiteral("Codigo"), QStringLiteral("M3")));
+    const QString larga =
+        QStringLiteral("Metro cúbico de hormigón HA-25/B/20/IIa vertido con bomba en "
+                       "cimientos"); // 71 characters for a width of 65
+    ASSERT_TRUE(s.type(QStringLiteral("Descripcion"), larga));
+    ASSERT_TRUE(s.type(QStringLiteral("PorcentajeIVA"), QStringLiteral("150")));
+    forms::Table &t = s.form().Table1();
+    EXPECT_FALSE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(
+        messages_.texts(),
+        QStringList{QStringLiteral(
+            "¡El valor de Descripcion no puede tener más de 65 caracteres! Repita por favor")});
+    EXPECT_EQ(t.State(), DatasetState::Insert) << "the record stays pending";
+    EXPECT_EQ(t.FieldByName(QStringLiteral("Descripcion")).AsString(), larga) << "nothing is cut";
+    ASSERT_TRUE(s.type(QStringLiteral("Descripcion"), larga.left(65)));
+    EXPECT_FALSE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_EQ(
+        messages_.texts().value(1),
+        QStringLiteral("¡El valor de Porcentaje IVA debe estar entre 0 y 100! Repita por favor"));
+    EXPECT_DOUBLE_EQ(t.FieldByName(QStringLiteral("PorcentajeIVA")).AsFloat(), 150.0);
+    EXPECT_EQ(ok(QStringLiteral("SELECT COUNT(*) FROM UNIDADOB")), QStringLiteral("0"));
+    ASSERT_TRUE(s.type(QStringLiteral("PorcentajeIVA"), QStringLiteral("100")));
+    ASSERT_TRUE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_TRUE(s.click(QStringLiteral("pbCancelar")));
+    EXPECT_EQ(s.values(QStringLiteral("Descripcion")), QStringList{larga.left(65)});
+    EXPECT_EQ(messages_.texts().size(), 2) << messages_.texts().join(u'|').toStdString();
+}
+
 TEST_P(SmallMasters, ARepeatedUnitIsToldOnLeavingTheKeyAndOnPost) {
     ScreenTest<TfOBRAUNID> s(*datos_);
     ASSERT_TRUE(s.open());
@@ -85,9 +117,9 @@ TEST_P(SmallMasters, IncidencesOfferTheirListsAndRefuseOtherValues) {
               QStringLiteral("¡ El valor \"Obra\" de la columna \"Tipo\" no es correcto !"));
     EXPECT_EQ(t.State(), DatasetState::Insert) << "nothing typed is lost";
     ASSERT_TRUE(s.type(QStringLiteral("Tipo"), QStringLiteral("Maquina")));
-    // The mark holds two letters: the column keeps what fits, and that is what is refused.
+    // The mark holds two letters: what is typed stays as typed, to be refused.
     ASSERT_TRUE(s.type(QStringLiteral("Imputable"), QStringLiteral("QUIZA")));
-    EXPECT_EQ(t.FieldByName(QStringLiteral("Imputable")).AsString(), QStringLiteral("QU"));
+    EXPECT_EQ(t.FieldByName(QStringLiteral("Imputable")).AsString(), QStringLiteral("QUIZA"));
     ASSERT_TRUE(s.type(QStringLiteral("Imputable"), QStringLiteral("SÍ")));
     EXPECT_FALSE(s.click(QStringLiteral("pbConforme"))) << "the post checks every list";
     EXPECT_EQ(messages_.texts().value(1),

@@ -90,15 +90,23 @@ TEST_P(WorksParameters, CancellingClosesAndKeepsTheStoredRow) {
     EXPECT_TRUE(messages_.shown().isEmpty()) << messages_.texts().join(u'|').toStdString();
 }
 
-TEST_P(WorksParameters, TheModuleReadsAStoredRowAndTreatsOnlyNoAsOff) {
-    ok(QStringLiteral(
-        "INSERT INTO PARAOBRA (IdRegistro, MultiPartes, PartesSeparados, "
-        "AdmPorPorcentajes, CoeficienteRevision) VALUES (1, 'NO', 'no', NULL, 1.25)"));
+TEST_P(WorksParameters, TheModuleReadsAStoredRowAndComparesFlagsExactly) {
+    ok(QStringLiteral("INSERT INTO PARAOBRA (IdRegistro, MultiPartes, PartesSeparados, "
+                      "AdmPorPorcentajes, ModificarPartes, CoeficienteRevision) "
+                      "VALUES (1, 'NO', 'no', NULL, 'si', 1.25)"));
     TMDObra obra(*datos_);
     EXPECT_TRUE(obra.ParametrosGrabados());
     EXPECT_FALSE(obra.ParametrosMultiPartes());
-    EXPECT_FALSE(obra.ParametrosPartesSeparados()) << "the flag is read without regard to case";
-    EXPECT_TRUE(obra.ParametrosAdmPorPorcentajes()) << "an empty flag is not a NO";
+    EXPECT_TRUE(obra.EsNO(QStringLiteral("MultiPartes")));
+    // "no" in lower case is neither on nor off.
+    EXPECT_FALSE(obra.ParametrosPartesSeparados());
+    EXPECT_FALSE(obra.EsNO(QStringLiteral("PartesSeparados")));
+    EXPECT_FALSE(obra.ParametrosModificarPartes()) << "only \"SI\" switches a flag on";
+    EXPECT_FALSE(obra.EsNO(QStringLiteral("ModificarPartes")));
+    EXPECT_TRUE(obra.ParametrosAdmPorPorcentajes()) << "an empty flag takes its default, SI";
+    EXPECT_EQ(obra.Bandera(QStringLiteral("ContadorMultiMarcajes")), QStringLiteral("NO"));
+    EXPECT_FALSE(obra.EsSI(QStringLiteral("ContadorMultiMarcajes")))
+        << "an empty flag whose default is NO stays off";
     EXPECT_DOUBLE_EQ(obra.ParametroNumero(QStringLiteral("coeficienterevision")), 1.25);
     EXPECT_EQ(obra.Parametro(QStringLiteral("PlantillaFactura")), QString());
     // A failed refresh keeps what was held.
