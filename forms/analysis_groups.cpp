@@ -60,6 +60,9 @@ void GruposAnalisis::grabarPendientes() {
         return;
     try {
         tabla_->Post();
+    } catch (const EValorCampo &e) {
+        maestro_.Datos().sesion().mensajes().MensajeA(e.Texto());
+        Abort();
     } catch (const EDatabaseError &) {
         maestro_.Datos().sesion().mensajes().MensajeA(
             QStringLiteral("¡ Los datos de Grupos de Análisis no han sido "

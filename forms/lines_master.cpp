@@ -119,6 +119,10 @@ void MaestroConLineas::grabarLinea() {
         return;
     try {
         table2_->Post();
+    } catch (const EValorCampo &e) {
+        // Nothing typed is lost: the line stays pending for correction.
+        Mensajes().MensajeA(e.Texto());
+        Abort();
     } catch (const EDatabaseError &) {
         Mensajes().MensajeA(QStringLiteral("¡ No se puede grabar la línea porque está bloqueada "
                                            "por otro usuario o porque el dato introducido no es "

@@ -227,6 +227,19 @@ TEST_P(LinesMaster, ARefusedLineIsToldAndCancelled) {
     EXPECT_EQ(filas(QStringLiteral("PRULINEA")), QStringLiteral("0"));
 }
 
+TEST_P(LinesMaster, ALineTooLongForItsFieldIsToldAndKeptAsTyped) {
+    Pantalla s(*datos_);
+    ASSERT_TRUE(abrir(s));
+    const QString largo = QString(41, u'x');
+    ASSERT_TRUE(nuevaLinea(s, largo));
+    EXPECT_FALSE(s.click(QStringLiteral("pbConforme")));
+    EXPECT_TRUE(ultimoMensaje().contains(QStringLiteral("no puede tener más de 40 caracteres")))
+        << ultimoMensaje().toStdString();
+    EXPECT_EQ(s.form().Table2().State(), DatasetState::Insert);
+    EXPECT_EQ(s.form().Table2().FieldByName(QStringLiteral("Texto")).AsString(), largo);
+    EXPECT_EQ(filas(QStringLiteral("PRULINEA")), QStringLiteral("0"));
+}
+
 TEST_P(LinesMaster, CancellingANewHeaderCancelsItsLine) {
     Pantalla s(*datos_);
     ASSERT_TRUE(s.open());
