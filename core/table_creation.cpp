@@ -74,7 +74,7 @@ QString CreadorTablas::conexionDe(const QString &tabla, const QString &conexion,
                                                         : sesion_.PathArchivosTemporales;
     if (EsTablaGeneral(tabla))
         return kConexionGeneral;
-    if (conexion.isEmpty() || conexion == u"Database" || conexion == kConexionGeneral)
+    if (conexion.isEmpty() || conexion == kConexionEmpresa || conexion == kConexionGeneral)
         return kConexionEmpresa;
     return conexion;
 }
@@ -89,7 +89,7 @@ bool CreadorTablas::existe(const QString &tabla, const QString &conexion) {
 QString CreadorTablas::claveRevision(const QString &tabla, const QString &conexion) const {
     QString base = conexion.isEmpty() ? kConexionEmpresa : conexion;
     // "Database" stands for whichever company is current.
-    if (base == u"Database")
+    if (base == kConexionEmpresa)
         base += u'#' + (sesion_.AliasSustituto.isEmpty()
                             ? sesion_.NombreAliasEmpresa(sesion_.CodigoEmpresa)
                             : sesion_.AliasSustituto);

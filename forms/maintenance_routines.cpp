@@ -38,7 +38,7 @@ void RutinasFormulario::AntesEliminarRegistro(Dataset &dataset) {
     if (RegistrarActividad)
         RegistrarActividad();
     auto *table = dynamic_cast<Table *>(&dataset);
-    if (!table || datos_.BaseDatosDeTabla(table->TableName()) == u"DatabaseGeneral")
+    if (!table || datos_.BaseDatosDeTabla(table->TableName()) == kConexionGeneral)
         return;
     if (EliminarDatosAsociados && !EliminarDatosAsociados(*table))
         Abort();
