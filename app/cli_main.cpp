@@ -266,7 +266,7 @@ int sql(const Arguments &a) {
         print(stdout, result);
         if (statements.size() > 1)
             print(stdout, QStringLiteral("\n"));
-        if (result.startsWith(QStringLiteral("Error.")))
+        if (co::EsResultadoError(result))
             status = 1;
     }
     return status;

@@ -1,5 +1,7 @@
 #include "core/backend.h"
 
+#include "core/connection_words.h"
+
 #include <QSqlError>
 #include <QSqlField>
 #include <QSqlQuery>
@@ -17,12 +19,19 @@ const QString kLocked = QStringLiteral("Record locked by another user");
 const BackendTraits kSQLite{
     Backend::SQLite,
     QStringLiteral("QSQLITE"),
-    {QString(), QStringLiteral("Paradox")},
+    {QString(), kTipoEmbebido},
     QStringLiteral("SELECT name FROM pragma_table_info('%1') WHERE pk > 0 ORDER BY pk"),
     QStringLiteral("SELECT name FROM pragma_index_info('%1') ORDER BY seqno"),
     QStringLiteral("SELECT name FROM pragma_table_info('%1') ORDER BY cid"),
     QStringLiteral("SELECT name FROM pragma_table_info('%1') "
                    "WHERE upper(type) NOT IN ('TEXT', 'MEMO', 'CLOB') ORDER BY cid"),
+    QStringLiteral("SELECT name, type, \"notnull\" FROM pragma_table_info('%1') ORDER BY cid"),
+    QStringLiteral(
+        "SELECT COUNT(*) FROM sqlite_master WHERE type = 'table' AND upper(name) = upper(%1)"),
+    QStringLiteral(
+        "SELECT name FROM sqlite_master WHERE type = 'index' AND upper(tbl_name) = upper(%1)"),
+    QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND "
+                   "upper(name) LIKE 'TEMP%'"),
     {
         {QString(), QStringLiteral("no such table"), kNoTable},
         {QString(), QStringLiteral("UNIQUE constraint failed"), kKeyViolation},
@@ -35,12 +44,14 @@ const BackendTraits kSQLite{
     },
     // BEGIN IMMEDIATE already holds the whole file for writing.
     QString(),
+    false,
+    QString(),
 };
 
 const BackendTraits kPostgreSQL{
     Backend::PostgreSQL,
     QStringLiteral("QPSQL"),
-    {QStringLiteral("PostgreSQL")},
+    {kTipoServidor},
     QStringLiteral("SELECT a.attname FROM pg_index i "
                    "JOIN pg_attribute a ON a.attrelid = i.indrelid AND a.attnum = ANY(i.indkey) "
                    "WHERE i.indrelid = to_regclass(lower('%1')) AND i.indisprimary "
@@ -53,6 +64,15 @@ const BackendTraits kPostgreSQL{
                    "AND attnum > 0 AND NOT attisdropped ORDER BY attnum"),
     QStringLiteral("SELECT attname FROM pg_attribute WHERE attrelid = to_regclass(lower('%1')) "
                    "AND attnum > 0 AND NOT attisdropped AND atttypid <> 25 ORDER BY attnum"),
+    QStringLiteral("SELECT attname, format_type(atttypid, atttypmod), CASE WHEN attnotnull THEN 1 "
+                   "ELSE 0 END FROM pg_attribute WHERE attrelid = to_regclass(lower('%1')) AND "
+                   "attnum > 0 AND NOT attisdropped ORDER BY attnum"),
+    QStringLiteral("SELECT COUNT(*) FROM information_schema.tables WHERE table_schema = "
+                   "current_schema() AND table_name = lower(%1)"),
+    QStringLiteral("SELECT indexname FROM pg_indexes WHERE schemaname = current_schema() "
+                   "AND tablename = lower(%1)"),
+    QStringLiteral("SELECT table_name FROM information_schema.tables WHERE "
+                   "table_schema = current_schema() AND upper(table_name) LIKE 'TEMP%'"),
     {
         {QStringLiteral("42P01"), QString(), kNoTable},
         {QStringLiteral("3F000"), QString(), kNoTable},
@@ -60,10 +80,11 @@ const BackendTraits kPostgreSQL{
         {QStringLiteral("55P03"), QString(), kLocked},
         {QStringLiteral("40P01"), QString(), QStringLiteral("A deadlock was detected")},
         {QStringLiteral("40001"), QString(), QStringLiteral("A deadlock was detected")},
-        {QStringLiteral("25P02"), QString(),
-         QStringLiteral("Transaction aborted")},
+        {QStringLiteral("25P02"), QString(), QStringLiteral("Transaction aborted")},
     },
     QStringLiteral(" FOR UPDATE"),
+    true,
+    QStringLiteral(" FOR UPDATE NOWAIT"),
 };
 
 } // namespace

@@ -26,6 +26,14 @@ struct BackendTraits {
     QString indexColumnsQuery;
     QString columnsQuery;
     QString columnsWithoutMemoQuery;
+    // Each column as name|declared type|1 when NOT NULL, in table order.
+    QString declaredColumnsQuery;
+    // On the first schema of a connection, "%1" being the quoted table name: a
+    // count that is 1 when the table is there, and the names of its indexes.
+    QString tableExistsQuery;
+    QString tableIndexesQuery;
+    // Tables of the general data whose names start with TEMP.
+    QString temporaryTablesQuery;
     // Native failure -> the failure text of the failure handler, first match wins.
     struct FailureRule {
         QString nativeCode;     // exact native code, or empty
@@ -36,6 +44,11 @@ struct BackendTraits {
     // Appended to a SELECT inside a transaction so that its rows stay held until
     // the end; empty where the transaction's start already takes the write lock.
     QString rowLockClause;
+    // How a screen keeps two writers of one row apart: a row lock taken on
+    // entering Edit (`recordLockSuffix` added to a SELECT of the row), or a check
+    // at post that the row still holds the values read.
+    bool pessimisticRecords = false;
+    QString recordLockSuffix;
 };
 
 const BackendTraits &traitsOf(Backend backend);

@@ -1,5 +1,6 @@
 #include "core/connection_factory.h"
 
+#include "core/connection_words.h"
 #include "core/folder_creation.h"
 #include "core/server_probe.h"
 #include "core/sql_identifier.h"
@@ -104,22 +105,23 @@ void applyConnInfo(QSqlDatabase &db, const QStringList &words) {
     for (const QString &word : words) {
         const int eq = word.indexOf(u'=');
         const QString key = word.left(eq), value = word.mid(eq + 1);
-        if (key == u"host")
+        if (key == palabra_servidor::kHost)
             db.setHostName(value);
-        else if (key == u"port")
+        else if (key == palabra_servidor::kPort)
             db.setPort(value.toInt());
-        else if (key == u"dbname")
+        else if (key == palabra_servidor::kDbName)
             db.setDatabaseName(value);
-        else if (key == u"user")
+        else if (key == palabra_servidor::kUser)
             db.setUserName(value);
-        else if (key == u"password")
+        else if (key == palabra_servidor::kPassword)
             db.setPassword(value);
-        else if (key != u"connect_timeout")
+        else if (key != palabra_servidor::kConnectTimeout)
             options << word;
     }
     // Without a limit (or with 0) libpq waits for ever on a server that takes the
     // connection and never answers.
-    options << QStringLiteral("connect_timeout=%1").arg(EsperaServidor(words));
+    options << QString(palabra_servidor::kConnectTimeout) +
+                   QStringLiteral("=%1").arg(EsperaServidor(words));
     db.setConnectOptions(options.join(u';'));
 }
 

@@ -1,6 +1,7 @@
 #include "core/database.h"
 
-#include "core/materialised_query.h"
+#include "core/connection_words.h"
+#include "core/number_text.h"
 #include "core/sql_dialect.h"
 #include "core/sql_lexer.h"
 #include "core/statement_trace.h"
@@ -14,7 +15,7 @@
 namespace co {
 namespace {
 
-const QString kNoEsPosible = QStringLiteral("Error. No es posible ejecutar la sentencia SQL. Motivo: ");
+const QString kNoEsPosible = QStringView(kFalloSentencia).toString();
 const QString kErrorLectura = QStringLiteral("Error. ¡Se ha producido un error en la Sentencia SQL!. Motivo: ");
 const QString kErrorLecturaADO = QStringLiteral("Error. Se ha producido un error en la Sentencia SQL!. Motivo: ");
 const QString kHayError = QStringLiteral("Hay un error en la siguiente Sentencia SQL: \r\n");
@@ -22,8 +23,6 @@ const QString kHayError = QStringLiteral("Hay un error en la siguiente Sentencia
 const QString kVariasSentencias =
     QStringLiteral("El texto contiene más de una sentencia SQL; ejecute las sentencias de una en una.");
 const QString kConjuntoVacio = QStringLiteral("Conjunto_Vacio");
-
-bool esError(const QString &result) { return result.startsWith(QStringLiteral("Error.")); }
 
 } // namespace
 
@@ -194,7 +193,7 @@ QString TModuloDatos::EjecutarSQLCache(const QString &sql, SqlCache &cache, cons
     if (const std::optional<QString> hit = cache.find(sql))
         return *hit;
     const QString result = EjecutarSQL(sql, conexion, opciones);
-    if (!esError(result))
+    if (!EsResultadoError(result))
         cache.store(sql, result);
     return result;
 }
@@ -216,7 +215,7 @@ bool TModuloDatos::openQuery(Consulta &consulta, const QString &opciones, Canal 
     if (conexion.startsWith(u'?'))
         conexion = conexion.mid(1);
     if (conexion.isEmpty())
-        conexion = QStringLiteral("Database");
+        conexion = kConexionEmpresa;
     bool open = TieneOpcion(opciones, QStringLiteral("Open"));
     if (!open && !TieneOpcion(opciones, QStringLiteral("ExecSQL"))) {
         const QString first = consulta.SQL.trimmed().section(u' ', 0, 0).toUpper();
@@ -257,8 +256,11 @@ bool TModuloDatos::openQuery(Consulta &consulta, const QString &opciones, Canal 
     }
     consulta.setResult(std::move(columns), std::move(rows), query.numRowsAffected());
     if (open && TieneOpcion(opciones, QStringLiteral("Temporal"))) {
+        if (!materializer_)
+            return fallo(QStringLiteral("No es posible guardar la consulta en una tabla temporal: "
+                                        "la sesión no tiene tablas temporales."));
         QString motivo;
-        if (!MaterializarConsultaTemporal(*this, consulta, &motivo))
+        if (!materializer_->MaterializarConsulta(consulta, &motivo))
             return fallo(motivo);
     }
     return true;
@@ -281,15 +283,14 @@ QString TModuloDatos::NombreTablaSQL(const QString &tabla) const {
 }
 
 QString TModuloDatos::BaseDatosDeTabla(const QString &tabla) const {
-    return EsTablaGeneral(tabla) || EsTablaTemporal(tabla) ? QStringLiteral("DatabaseGeneral")
-                                                           : QStringLiteral("Database");
+    return EsTablaGeneral(tabla) || EsTablaTemporal(tabla) ? kConexionGeneral : kConexionEmpresa;
 }
 
 QString TModuloDatos::ConsultaCatalogo(const QString &sql, const QString &tabla, const QString &conexion,
                                        bool releer) {
     if (EsTablaTemporal(tabla) || releer) {
         const QString result = EjecutarSQL(sql, conexion, QStringLiteral("Silenciosa"));
-        if (!esError(result) && !EsTablaTemporal(tabla))
+        if (!EsResultadoError(result) && !EsTablaTemporal(tabla))
             metadatos_.store(sql, result);
         return result;
     }
@@ -298,7 +299,7 @@ QString TModuloDatos::ConsultaCatalogo(const QString &sql, const QString &tabla,
 
 QString TModuloDatos::catalog(const QString &sql, const QString &tabla, const QString &conexion) {
     const QString result = ConsultaCatalogo(sql, tabla, conexion);
-    if (esError(result))
+    if (EsResultadoError(result))
         return {};
     QStringList names = result.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
     if (sesion_.backend() == Backend::PostgreSQL)
@@ -439,9 +440,9 @@ double TModuloDatos::SumaCampo(const RecordView &tabla, const QStringList &campo
     if (!condiciones.isEmpty())
         sql += QStringLiteral(" WHERE ") + condiciones.join(QStringLiteral(" AND "));
     QString result = EjecutarSQL(sql, connectionOf(tabla), QStringLiteral("Silenciosa"));
-    if (esError(result))
+    if (EsResultadoError(result))
         return 0.0;
-    return result.replace(u',', u'.').toDouble();
+    return LeerDecimal(result).value_or(0.0);
 }
 
 QString TModuloDatos::ValorClave(const RecordView &tabla) {
@@ -475,7 +476,7 @@ bool TModuloDatos::AnularVacios(const RecordView &tabla) {
     const QString sql = QStringLiteral("UPDATE ") + NombreTablaSQL(tabla.tableName()) + QStringLiteral("  SET ") +
                         asignaciones.join(QStringLiteral(", ")) + QStringLiteral("  WHERE ") +
                         condiciones.join(QStringLiteral(" AND "));
-    return !esError(EjecutarSQL(sql, connectionOf(tabla)));
+    return !EsResultadoError(EjecutarSQL(sql, connectionOf(tabla)));
 }
 
 bool TModuloDatos::InsertarRegistro(const QString &lineas, const QString &conexion, const QString &opciones) {

@@ -33,6 +33,16 @@ public:
     virtual QString CrearTabla(const QString &tabla, const QString &conexion) = 0;
 };
 
+// Stores an open query's rows in a temporary table and opens the query again on
+// it: the `Temporal` option of `AbrirConsulta`. The temporary-table module
+// implements it (materialised_query.h); the session's owner plugs it in.
+class QueryMaterializer {
+public:
+    virtual ~QueryMaterializer() = default;
+    // False with `motivo` in Spanish; the query is then left as it was.
+    virtual bool MaterializarConsulta(Consulta &consulta, QString *motivo) = 0;
+};
+
 // Memo of statement results, as `EjecutarSQLCache` keeps it.
 class SqlCache {
 public:
@@ -55,6 +65,7 @@ public:
 
     TfGENEINIC &sesion() { return sesion_; }
     void setTableCreator(TableCreator *creator) { creator_ = creator; }
+    void setQueryMaterializer(QueryMaterializer *materializer) { materializer_ = materializer; }
 
     QString EjecutarSQL(const QString &sql, const QString &conexion = {}, const QString &opciones = {});
     // The second channel: another connection to the same data; no table creation.
@@ -118,6 +129,7 @@ private:
 
     TfGENEINIC &sesion_;
     TableCreator *creator_ = nullptr;
+    QueryMaterializer *materializer_ = nullptr;
     SqlCache metadatos_;
     QHash<QString, QString> nombres_;
     ColumnasFecha fechas_;

@@ -1,5 +1,6 @@
 #include "core/dictionary_loader.h"
 
+#include "core/connection_words.h"
 #include "core/database.h"
 #include "core/sql_text.h"
 
@@ -12,7 +13,6 @@ namespace co {
 
 namespace {
 
-const QString kGeneral = QStringLiteral("DatabaseGeneral");
 const QString kOpciones = QStringLiteral("Silenciosa");
 constexpr int kLongitudIdioma = 20;
 constexpr int kLongitudClave = 255;
@@ -26,10 +26,6 @@ bool fail(QString *motivo, const QString &why) {
     if (motivo)
         *motivo = why;
     return false;
-}
-
-bool isFailure(const QString &result) {
-    return result.startsWith(QStringLiteral("Error."));
 }
 
 bool readPairs(const QString &archivo, QList<Par> *pares, QString *motivo) {
@@ -98,16 +94,17 @@ bool CargarDiccionario(TModuloDatos &datos, const QString &idioma, const QString
     };
     // Reading the tables first makes any missing one before the transaction starts.
     const QString lengua = Entrecomillar(idioma);
-    const QString existe = datos.EjecutarSQL(
-        QStringLiteral("SELECT Codigo FROM IDIOMA WHERE Codigo = ") + lengua, kGeneral, kOpciones);
-    if (isFailure(existe))
+    const QString existe =
+        datos.EjecutarSQL(QStringLiteral("SELECT Codigo FROM IDIOMA WHERE Codigo = ") + lengua,
+                          kConexionGeneral, kOpciones);
+    if (EsResultadoError(existe))
         return dbFailure(existe);
-    const QString tabla =
-        datos.EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM TXIDIOMA"), kGeneral, kOpciones);
-    if (isFailure(tabla))
+    const QString tabla = datos.EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM TXIDIOMA"),
+                                            kConexionGeneral, kOpciones);
+    if (EsResultadoError(tabla))
         return dbFailure(tabla);
 
-    TransaccionGuard guard(datos.sesion(), kGeneral);
+    TransaccionGuard guard(datos.sesion(), kConexionGeneral);
     if (!guard.ok())
         return dbFailure(QStringLiteral("no se pudo iniciar la transacción."));
     QStringList sentencias;
@@ -123,8 +120,8 @@ bool CargarDiccionario(TModuloDatos &datos, const QString &idioma, const QString
                           .arg(lengua, clave, Entrecomillar(par.texto));
     }
     for (const QString &sql : sentencias) {
-        const QString result = datos.EjecutarSQL(sql, kGeneral, kOpciones);
-        if (isFailure(result))
+        const QString result = datos.EjecutarSQL(sql, kConexionGeneral, kOpciones);
+        if (EsResultadoError(result))
             return dbFailure(result);
     }
     if (!guard.commit())

@@ -34,14 +34,10 @@ QString literal(TModuloDatos &datos, const QVariant &value) {
     return datos.FormatoLiteralSQL(value);
 }
 
-bool failed(const QString &result) {
-    return result.startsWith(QStringLiteral("Error."));
-}
-
 std::optional<bool> exists(TModuloDatos &datos) {
     const QString count =
         datos.EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM ") + kTabla + kWhere);
-    if (failed(count))
+    if (EsResultadoError(count))
         return std::nullopt;
     return count.trimmed() != u"0";
 }
@@ -76,7 +72,7 @@ bool CrearParametrosGenerales(TModuloDatos &datos) {
     const QString sql = QStringLiteral("INSERT INTO ") + kTabla + QStringLiteral(" (") +
                         names.join(QStringLiteral(", ")) + QStringLiteral(") VALUES (") +
                         values.join(QStringLiteral(", ")) + u')';
-    return !failed(datos.EjecutarSQL(sql));
+    return !EsResultadoError(datos.EjecutarSQL(sql));
 }
 
 bool GrabarParametrosGenerales(TModuloDatos &datos, QVariantHash registro) {
@@ -109,7 +105,7 @@ bool GrabarParametrosGenerales(TModuloDatos &datos, QVariantHash registro) {
     assignments.sort();
     const QString sql = QStringLiteral("UPDATE ") + kTabla + QStringLiteral(" SET ") +
                         assignments.join(QStringLiteral(", ")) + kWhere;
-    return !failed(datos.EjecutarSQL(sql));
+    return !EsResultadoError(datos.EjecutarSQL(sql));
 }
 
 } // namespace co

@@ -1,5 +1,6 @@
 #include "core/ini_configuration.h"
 
+#include "core/connection_words.h"
 #include "core/ini_file.h"
 #include "core/password_scramble.h"
 
@@ -99,7 +100,7 @@ bool LeerConfiguracionINI(const QString &archivo, const QString &tipoBaseDatos, 
 }
 
 QString CarpetaControlBDE(const ConfiguracionINI &c, const QString &tipoBaseDatos) {
-    const bool local = tipoBaseDatos.isEmpty() || tipoBaseDatos == u"Paradox";
+    const bool local = tipoBaseDatos.isEmpty() || tipoBaseDatos == kTipoEmbebido;
     if (c.BDENetDir == u"LOCAL" && !local)
         return QDir::tempPath();
     return c.BDENetDir;

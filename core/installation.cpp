@@ -1,5 +1,6 @@
 #include "core/installation.h"
 
+#include "core/connection_words.h"
 #include "core/folder_creation.h"
 #include "core/settings_file.h"
 
@@ -70,7 +71,7 @@ bool LeerInstalacion(const QString &carpeta, InstallationSettings *out, QString 
         return v.isEmpty() ? fallback : v;
     };
     const QString here = QDir(carpeta).absolutePath();
-    out->TipoBaseDatos = value("TipoBaseDatos", QStringLiteral("Paradox"));
+    out->TipoBaseDatos = value("TipoBaseDatos", kTipoEmbebido);
     out->AliasBaseDatosGeneral = value("AliasBaseDatosGeneral", QStringLiteral("general"));
     out->PathBaseDatosGeneral = QDir(here).absoluteFilePath(value("PathBaseDatosGeneral", here));
     out->AliasBaseDatos = value("AliasBaseDatos", QStringLiteral("empresa"));

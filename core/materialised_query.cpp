@@ -1,5 +1,6 @@
 #include "core/materialised_query.h"
 
+#include "core/connection_words.h"
 #include "core/table_ddl.h"
 #include "core/temporary_tables.h"
 
@@ -8,20 +9,12 @@
 namespace co {
 namespace {
 
-const QString kGeneral = QStringLiteral("DatabaseGeneral");
-const QString kDatabase = QStringLiteral("Database");
 const QString kSilenciosa = QStringLiteral("Silenciosa,No Crear Tabla");
-const QString kPrefijoFallo =
-    QStringLiteral("Error. No es posible ejecutar la sentencia SQL. Motivo: ");
 
 bool falla(QString *motivo, const QString &texto) {
     if (motivo)
         *motivo = texto;
     return false;
-}
-
-QString motivoDe(const QString &resultado) {
-    return resultado.startsWith(kPrefijoFallo) ? resultado.mid(kPrefijoFallo.size()) : resultado;
 }
 
 bool fueraDe32Bits(const QVariant &v) {
@@ -136,26 +129,26 @@ bool MaterializarConsultaTemporal(TModuloDatos &datos, Consulta &consulta, QStri
                                             "temporal. Motivo: ") +
                                  problema);
     TfGENEINIC &sesion = datos.sesion();
-    datos.EjecutarSQL(QStringLiteral("DROP TABLE ") + nombre, kGeneral, kSilenciosa);
+    datos.EjecutarSQL(QStringLiteral("DROP TABLE ") + nombre, kConexionGeneral, kSilenciosa);
     const QString crear = SentenciasCreacion(*tabla, sesion.backend(), sesion.FechaNula).crear;
-    const QString creada = datos.EjecutarSQL(crear, kGeneral, kSilenciosa);
-    if (creada.startsWith(QStringLiteral("Error.")))
-        return falla(motivo, motivoDe(creada));
+    const QString creada = datos.EjecutarSQL(crear, kConexionGeneral, kSilenciosa);
+    if (EsResultadoError(creada))
+        return falla(motivo, MotivoResultado(creada));
 
     const QString cualificado = sesion.AliasGeneralSQL() + QStringLiteral(".dbo.") + nombre;
     QString conexion = consulta.DatabaseName.startsWith(u'?') ? consulta.DatabaseName.mid(1)
                                                               : consulta.DatabaseName;
     // The general connection does not know the general data by its alias.
-    if (conexion.isEmpty() || conexion == kGeneral)
-        conexion = kDatabase;
+    if (conexion.isEmpty() || conexion == kConexionGeneral)
+        conexion = kConexionEmpresa;
     // SQLite: another connection keeps the table's old shape until it reads it,
     // and a positional INSERT is checked against that shape.
     datos.EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM ") + cualificado, conexion, kSilenciosa);
     const QString llenada =
         datos.EjecutarSQL(QStringLiteral("INSERT INTO ") + cualificado + u' ' + consulta.SQL,
                           conexion, QStringLiteral("Silenciosa"));
-    if (llenada.startsWith(QStringLiteral("Error.")))
-        return falla(motivo, motivoDe(llenada));
+    if (EsResultadoError(llenada))
+        return falla(motivo, MotivoResultado(llenada));
 
     Consulta temporal;
     temporal.DatabaseName = conexion;
@@ -164,6 +157,10 @@ bool MaterializarConsultaTemporal(TModuloDatos &datos, Consulta &consulta, QStri
         return falla(motivo, QStringLiteral("No se ha podido abrir la tabla temporal ") + nombre);
     consulta = temporal;
     return true;
+}
+
+bool MaterializadorConsultas::MaterializarConsulta(Consulta &consulta, QString *motivo) {
+    return MaterializarConsultaTemporal(datos_, consulta, motivo);
 }
 
 } // namespace co

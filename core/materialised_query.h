@@ -28,4 +28,15 @@ namespace co {
 bool MaterializarConsultaTemporal(TModuloDatos &datos, Consulta &consulta, QString *motivo,
                                   const QString &propietario = {});
 
+// The `Temporal` option of `datos`, given to it with setQueryMaterializer.
+class MaterializadorConsultas : public QueryMaterializer {
+public:
+    explicit MaterializadorConsultas(TModuloDatos &datos) : datos_(datos) {}
+
+    bool MaterializarConsulta(Consulta &consulta, QString *motivo) override;
+
+private:
+    TModuloDatos &datos_;
+};
+
 } // namespace co

@@ -39,22 +39,30 @@ bool wellFormed(QStringView s) {
 
 } // namespace
 
+std::optional<double> LeerDecimal(const QString &texto, PuntoSinComa punto) {
+    QString t = texto.trimmed();
+    if (t.isEmpty())
+        return std::nullopt;
+    if (t.contains(u',') || punto == PuntoSinComa::Millares)
+        t.remove(u'.').replace(u',', u'.');
+    bool ok = false;
+    const double value = t.toDouble(&ok);
+    if (!ok || !std::isfinite(value))
+        return std::nullopt;
+    return value;
+}
+
 double TextoANumero(const QString &texto, const QString &opciones) {
     QString s = texto;
     if (opciones.contains(QLatin1String("PuntoDecimal")))
         s.remove(u',').replace(u'.', u',');
-    else
-        s.remove(u'.');
-    s = s.trimmed();
-    bool ok = wellFormed(s);
-    double value = 0;
-    if (ok) {
-        value = s.replace(u',', u'.').toDouble(&ok);
-        ok = ok && std::isfinite(value);
-    }
-    if (!ok)
+    // Stricter than the plain reading: digits and at most one comma.
+    const std::optional<double> value = wellFormed(QString(s).remove(u'.').trimmed())
+                                            ? LeerDecimal(s, PuntoSinComa::Millares)
+                                            : std::nullopt;
+    if (!value)
         throw Failure(u'\'' + texto + QStringLiteral("' is not a valid floating point value"));
-    return value;
+    return *value;
 }
 
 bool NumeroValido(const QString &texto, const QString &etiqueta, Messenger *mensajes) {

@@ -8,6 +8,16 @@
 #include <charconv>
 
 namespace co {
+
+bool EsResultadoError(const QString &resultado) {
+    return resultado.startsWith(QLatin1String("Error."));
+}
+
+QString MotivoResultado(const QString &resultado) {
+    const QStringView lead(kFalloSentencia);
+    return resultado.startsWith(lead) ? resultado.mid(lead.size()) : resultado;
+}
+
 namespace {
 
 // A date-time as its parts; cheaper to read and write than QDateTime, which the

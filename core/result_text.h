@@ -28,6 +28,18 @@ struct ResultOptions {
     static ResultOptions fromWords(const QString &opciones);
 };
 
+// The lead of the result text of a statement that could not run.
+inline constexpr char16_t kFalloSentencia[] =
+    u"Error. No es posible ejecutar la sentencia SQL. Motivo: ";
+
+// True when a result text is a failure: it starts with "Error.". Every caller
+// of the statement layer asks this one question, never its own.
+bool EsResultadoError(const QString &resultado);
+
+// The failure text of a result without the lead of a statement that could not
+// run; any other text as it stands.
+QString MotivoResultado(const QString &resultado);
+
 // A value as text, the way the system shows it.
 QString TextoValor(const QVariant &value, ColumnKind kind);
 

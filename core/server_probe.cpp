@@ -1,5 +1,7 @@
 #include "core/server_probe.h"
 
+#include "core/connection_words.h"
+
 #include <algorithm>
 #include <chrono>
 #include <libpq-fe.h>
@@ -51,7 +53,7 @@ QStringList PalabrasServidor(const QString &servidorBaseDatos) {
 
 int EsperaServidor(const QStringList &palabras) {
     for (const QString &word : palabras)
-        if (word.section(u'=', 0, 0) == u"connect_timeout") {
+        if (word.section(u'=', 0, 0) == palabra_servidor::kConnectTimeout) {
             bool ok = false;
             const int seconds = word.section(u'=', 1).toInt(&ok);
             // libpq takes 0 (or nothing) for "wait for ever", and any lower value as 2.
@@ -65,7 +67,8 @@ QString DescripcionServidor(const QStringList &palabras) {
     QStringList shown;
     for (const QString &word : palabras) {
         const QString key = word.section(u'=', 0, 0);
-        if (key == u"host" || key == u"hostaddr" || key == u"port" || key == u"dbname")
+        using namespace palabra_servidor;
+        if (key == kHost || key == kHostAddr || key == kPort || key == kDbName)
             shown << word;
     }
     return shown.join(u' ');

@@ -1,6 +1,8 @@
 #include "core/session.h"
 
 #include "core/connection_factory.h"
+#include "core/connection_words.h"
+#include "core/keystroke_log.h"
 #include "core/sql_identifier.h"
 
 #include <QDir>
@@ -12,9 +14,6 @@
 namespace co {
 namespace {
 
-const QString kDatabase = QStringLiteral("Database");
-const QString kGeneral = QStringLiteral("DatabaseGeneral");
-const QString kAlt = QStringLiteral("DatabaseAlt");
 const QString kADO = QStringLiteral("ADOConnection");
 const QString kADOAlt = QStringLiteral("ADOConnectionAlt");
 const QString kADOGeneral = QStringLiteral("ADOConnectionGeneral");
@@ -30,11 +29,11 @@ ConnectionTarget existing(bool general, const QString &alias) {
 }
 
 QString secondOf(const QString &role) {
-    if (role == kDatabase)
+    if (role == kConexionEmpresa)
         return kADO;
-    if (role == kAlt)
+    if (role == kConexionAlt)
         return kADOAlt;
-    if (role == kGeneral)
+    if (role == kConexionGeneral)
         return kADOGeneral;
     return role + QStringLiteral("#2");
 }
@@ -42,12 +41,13 @@ QString secondOf(const QString &role) {
 } // namespace
 
 TfGENEINIC::TfGENEINIC(const InstallationSettings &settings, MessagePort *port)
-    : settings_(settings), messenger_(port), instance_(nextInstance++) {
+    : settings_(settings), messenger_(port), teclado_(std::make_unique<EstadoTeclado>()),
+      instance_(nextInstance++) {
     if (!port)
         messenger_.setPort(&console_);
     QString ignored;
     backend_ = backendFromName(settings.TipoBaseDatos, &ignored).value_or(Backend::SQLite);
-    TipoBaseDatos = settings.TipoBaseDatos.isEmpty() ? QStringLiteral("Paradox") : settings.TipoBaseDatos;
+    TipoBaseDatos = settings.TipoBaseDatos.isEmpty() ? kTipoEmbebido : settings.TipoBaseDatos;
     AliasBaseDatosGeneral = settings.AliasBaseDatosGeneral;
     PathBaseDatosGeneral = settings.PathBaseDatosGeneral;
     AliasBaseDatos = settings.AliasBaseDatos;
@@ -115,14 +115,15 @@ bool TfGENEINIC::Conectar(QString *motivo) {
             *motivo = why;
         return false;
     }
-    return openRole(kGeneral, existing(true, {}), motivo) && ConectarEmpresa(CodigoEmpresa, motivo);
+    return openRole(kConexionGeneral, existing(true, {}), motivo) &&
+           ConectarEmpresa(CodigoEmpresa, motivo);
 }
 
 bool TfGENEINIC::ConectarEmpresa(int codigo, QString *motivo) {
     const ConnectionTarget target{false, NombreAliasEmpresa(codigo)};
-    for (const QString &role : {kDatabase, kADO})
+    for (const QString &role : {kConexionEmpresa, kADO})
         closeRole(role);
-    if (!openRole(kDatabase, target, motivo))
+    if (!openRole(kConexionEmpresa, target, motivo))
         return false;
     CodigoEmpresa = codigo;
     companyAlias_ = target.alias;
@@ -132,14 +133,14 @@ bool TfGENEINIC::ConectarEmpresa(int codigo, QString *motivo) {
 
 bool TfGENEINIC::ConectarEmpresaAlt(int codigo, const QString &alias, QString *motivo) {
     const QString target = codigo == -1 ? alias : NombreAliasEmpresa(codigo);
-    if (altAlias_ == target && open_.contains(kAlt))
+    if (altAlias_ == target && open_.contains(kConexionAlt))
         return true;
-    for (const QString &role : {kAlt, kADOAlt})
+    for (const QString &role : {kConexionAlt, kADOAlt})
         closeRole(role);
     // A company chosen by its code may be new; an alias names data that exist.
     ConnectionTarget alt{false, target};
     alt.crear = codigo >= 0;
-    if (!openRole(kAlt, alt, motivo))
+    if (!openRole(kConexionAlt, alt, motivo))
         return false;
     altAlias_ = target;
     return true;
@@ -148,21 +149,21 @@ bool TfGENEINIC::ConectarEmpresaAlt(int codigo, const QString &alias, QString *m
 std::optional<QSqlDatabase> TfGENEINIC::resolveAlias(const QString &alias, Canal canal,
                                                      QString *motivo) {
     auto role = [&](const QString &main) { return canal == Canal::Principal ? main : secondOf(main); };
-    auto general = [&] { return openRole(role(kGeneral), existing(true, {}), motivo); };
-    if (alias == kDatabase && !companyAlias_.isEmpty())
-        return openRole(role(kDatabase), existing(false, companyAlias_), motivo);
+    auto general = [&] { return openRole(role(kConexionGeneral), existing(true, {}), motivo); };
+    if (alias == kConexionEmpresa && !companyAlias_.isEmpty())
+        return openRole(role(kConexionEmpresa), existing(false, companyAlias_), motivo);
     const QString company = NombreAliasEmpresa(CodigoEmpresa);
-    if (alias == kGeneral)
+    if (alias == kConexionGeneral)
         return general();
-    if (alias == kDatabase || alias.compare(company, Qt::CaseInsensitive) == 0)
-        return openRole(role(kDatabase), existing(false, company), motivo);
-    if (alias == kAlt || (!altAlias_.isEmpty() && alias == altAlias_)) {
+    if (alias == kConexionEmpresa || alias.compare(company, Qt::CaseInsensitive) == 0)
+        return openRole(role(kConexionEmpresa), existing(false, company), motivo);
+    if (alias == kConexionAlt || (!altAlias_.isEmpty() && alias == altAlias_)) {
         if (altAlias_.isEmpty()) {
             if (motivo)
                 *motivo = QStringLiteral("La conexión DatabaseAlt no está abierta.");
             return std::nullopt;
         }
-        return openRole(role(kAlt), existing(false, altAlias_), motivo);
+        return openRole(role(kConexionAlt), existing(false, altAlias_), motivo);
     }
     if (alias.compare(AliasBaseDatosGeneral, Qt::CaseInsensitive) == 0 ||
         alias == PathBaseDatosGeneral || (!PathArchivosTemporales.isEmpty() && alias == PathArchivosTemporales))
@@ -184,10 +185,10 @@ std::optional<QSqlDatabase> TfGENEINIC::resolveAlias(const QString &alias, Canal
 }
 
 std::optional<QSqlDatabase> TfGENEINIC::conexion(const QString &palabra, Canal canal, QString *motivo) {
-    if (palabra.isEmpty() || palabra == kDatabase) {
+    if (palabra.isEmpty() || palabra == kConexionEmpresa) {
         if (!AliasSustituto.isEmpty())
             return resolveAlias(AliasSustituto, canal, motivo);
-        return resolveAlias(kDatabase, canal, motivo);
+        return resolveAlias(kConexionEmpresa, canal, motivo);
     }
     if (palabra.startsWith(u'?'))
         return resolveAlias(palabra.mid(1), canal, motivo);
@@ -195,14 +196,16 @@ std::optional<QSqlDatabase> TfGENEINIC::conexion(const QString &palabra, Canal c
 }
 
 QStringList TfGENEINIC::transactionRoles(const QString &palabra) const {
-    const QString main = palabra.isEmpty() ? kDatabase : palabra.startsWith(u'?') ? palabra.mid(1) : palabra;
+    const QString main = palabra.isEmpty()          ? kConexionEmpresa
+                         : palabra.startsWith(u'?') ? palabra.mid(1)
+                                                    : palabra;
     QStringList roles;
-    if (main == kGeneral)
-        roles << kGeneral;
-    else if (main == kAlt)
-        roles << kAlt << kADOAlt;
+    if (main == kConexionGeneral)
+        roles << kConexionGeneral;
+    else if (main == kConexionAlt)
+        roles << kConexionAlt << kADOAlt;
     else
-        roles << kDatabase << kADO;
+        roles << kConexionEmpresa << kADO;
     return roles;
 }
 

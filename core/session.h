@@ -19,9 +19,12 @@
 #include <QHash>
 #include <QSqlDatabase>
 #include <QString>
+#include <memory>
 #include <optional>
 
 namespace co {
+
+struct EstadoTeclado;
 
 enum class Canal { Principal, Secundario };
 
@@ -50,6 +53,8 @@ public:
     // The server password the next connection is made with.
     void setClaveServidor(const QString &clave) { settings_.ClaveInicioSesion = clave; }
     Messenger &mensajes() { return messenger_; }
+    // The keyboard state of the session's record screens (keystroke_log.h).
+    EstadoTeclado &Teclado() { return *teclado_; }
     // The crash-test seam of this process (see crash_points.h).
     CrashPoints &crashPoints() { return crashPoints_; }
 
@@ -102,6 +107,7 @@ private:
     Messenger messenger_;
     ConsoleMessages console_;
     CrashPoints crashPoints_;
+    std::unique_ptr<EstadoTeclado> teclado_;
     int instance_;
     QString altAlias_;
     QString companyAlias_;

@@ -1,5 +1,6 @@
 #include "core/sql_text.h"
 
+#include "core/number_text.h"
 #include "core/sql_lexer.h"
 
 #include <QDate>
@@ -229,14 +230,8 @@ QString enteroOCero(const QString &v) {
 // A float as typed ("1,5" or "1.5") in SQL form; anything else is 0, so that no
 // text can reach the statement unquoted.
 QString flotanteOCero(const QString &v) {
-    QString t = v.trimmed();
-    if (t.contains(u',')) {
-        t.remove(u'.');
-        t.replace(u',', u'.');
-    }
-    bool ok = false;
-    const double d = t.toDouble(&ok);
-    return ok ? QString::number(d, 'g', 17) : QStringLiteral("0");
+    const std::optional<double> d = LeerDecimal(v);
+    return d ? QString::number(*d, 'g', 17) : QStringLiteral("0");
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "core/startup.h"
 
 #include "core/connection_factory.h"
+#include "core/connection_words.h"
 #include "core/currency_table.h"
 #include "core/folder_creation.h"
 #include "core/rights.h"
@@ -15,7 +16,6 @@
 namespace co {
 namespace {
 
-const QString kGeneral = QStringLiteral("DatabaseGeneral");
 
 } // namespace
 
@@ -24,6 +24,7 @@ Aplicacion::Aplicacion(OpcionesArranque opciones, MessagePort *port) : opciones_
 Aplicacion::~Aplicacion() {
     temporales_.reset();
     traductor_.reset();
+    materializador_.reset();
     creador_.reset();
     datos_.reset();
     sesion_.reset();
@@ -102,16 +103,21 @@ bool Aplicacion::Iniciar() {
     datos_ = std::make_unique<TModuloDatos>(s);
     creador_ = std::make_unique<CreadorTablas>(*datos_, opciones_.carpetaDatos);
     datos_->setTableCreator(creador_.get());
+    materializador_ = std::make_unique<MaterializadorConsultas>(*datos_);
+    datos_->setQueryMaterializer(materializador_.get());
     if (!opciones_.linea.ParametroIdioma.isEmpty()) {
         const QString intercalacion = datos_->EjecutarSQL(
-            QStringLiteral("SELECT TOP 1 collation_name FROM information_schema.columns WHERE table_name = 'TXIDIOMA'"),
-            kGeneral, QStringLiteral("Silenciosa"));
-        traductor_ = std::make_unique<Translator>(
-            *datos_, opciones_.linea.ParametroIdioma,
-            intercalacion.startsWith(QStringLiteral("Error.")) ? QString() : intercalacion);
+            QStringLiteral("SELECT TOP 1 collation_name FROM information_schema.columns WHERE "
+                           "table_name = 'TXIDIOMA'"),
+            kConexionGeneral, QStringLiteral("Silenciosa"));
+        traductor_ = std::make_unique<Translator>(*datos_, opciones_.linea.ParametroIdioma,
+                                                  EsResultadoError(intercalacion) ? QString()
+                                                                                  : intercalacion);
         traductor_->TraducirMensajes(s.mensajes());
     }
-    s.VersionServidor = datos_->EjecutarSQL(SentenciaVersionServidor(s.backend()), kGeneral, QStringLiteral("Silenciosa"))
+    s.VersionServidor = datos_
+                            ->EjecutarSQL(SentenciaVersionServidor(s.backend()), kConexionGeneral,
+                                          QStringLiteral("Silenciosa"))
                             .section(u'|', 0, 0);
     return prepararTablasIniciales();
 }
@@ -145,28 +151,32 @@ bool Aplicacion::conectar() {
 bool Aplicacion::prepararTablasIniciales() {
     TfGENEINIC &s = *sesion_;
     // The user-defined fields: without them no table can be made right.
-    const QString campos = datos_->EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM CAMPOUSR"), kGeneral);
-    if (campos.startsWith(QStringLiteral("Error.")))
+    const QString campos =
+        datos_->EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM CAMPOUSR"), kConexionGeneral);
+    if (EsResultadoError(campos))
         return false;
     // The companies, with the first one made with the table.
-    if (datos_->EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM EMPRESA"), kGeneral).startsWith(QStringLiteral("Error.")))
+    if (EsResultadoError(
+            datos_->EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM EMPRESA"), kConexionGeneral)))
         return false;
-    const QString usuarios = datos_->EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM USUARIO"), kGeneral);
-    if (usuarios.startsWith(QStringLiteral("Error.")))
+    const QString usuarios =
+        datos_->EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM USUARIO"), kConexionGeneral);
+    if (EsResultadoError(usuarios))
         return false;
     if (usuarios == u"0") {
         QString motivo;
         const QString codigo = instalacion_.CodigoPrimerUsuario;
         // The user and the companies it may enter are kept together: a crash in
         // between would leave a user that can enter no company, for good.
-        TransaccionGuard transaccion(s, kGeneral);
+        TransaccionGuard transaccion(s, kConexionGeneral);
         if (!transaccion.ok() || !CrearPrimerUsuario(*datos_, codigo, &motivo)) {
             s.mensajes().MensajeA(QStringLiteral("¡Imposible dar de alta el usuario!"));
             return false;
         }
         // The first user may enter the companies the installation starts with.
-        const QString empresas = datos_->EjecutarSQL(QStringLiteral("SELECT Codigo FROM EMPRESA ORDER BY Codigo"), kGeneral);
-        if (!empresas.isEmpty() && !empresas.startsWith(QStringLiteral("Error.")))
+        const QString empresas = datos_->EjecutarSQL(
+            QStringLiteral("SELECT Codigo FROM EMPRESA ORDER BY Codigo"), kConexionGeneral);
+        if (!empresas.isEmpty() && !EsResultadoError(empresas))
             GuardarValorUsuario(*datos_, codigo, QStringLiteral("Empresas"), empresas);
         if (!transaccion.commit()) {
             s.mensajes().MensajeA(QStringLiteral("¡Imposible dar de alta el usuario!"));
@@ -208,7 +218,7 @@ bool Aplicacion::SeleccionarEmpresa(int codigo) {
         return false;
     }
     Consulta empresa;
-    empresa.DatabaseName = kGeneral;
+    empresa.DatabaseName = kConexionGeneral;
     empresa.SQL = QStringLiteral("SELECT Nombre, Abreviatura, Logotipo FROM EMPRESA WHERE Codigo = %1")
                       .arg(datos_->FormatoLiteralSQL(codigo));
     if (datos_->AbrirConsulta(empresa, QStringLiteral("Silencio")) && empresa.RecordCount() > 0) {

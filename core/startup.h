@@ -10,6 +10,7 @@
 #include "core/ini_configuration.h"
 #include "core/instance_number.h"
 #include "core/login.h"
+#include "core/materialised_query.h"
 #include "core/session.h"
 #include "core/table_creation.h"
 #include "core/temporary_cleanup.h"
@@ -81,6 +82,7 @@ private:
     std::unique_ptr<TfGENEINIC> sesion_;
     std::unique_ptr<TModuloDatos> datos_;
     std::unique_ptr<CreadorTablas> creador_;
+    std::unique_ptr<MaterializadorConsultas> materializador_;
     std::unique_ptr<Translator> traductor_;
     std::unique_ptr<TemporaryTablesClaim> temporales_;
     std::unique_ptr<co::NumeroInstancia> instancia_;

@@ -1,6 +1,7 @@
 #include "core/table_creation.h"
 
 #include "core/connection_factory.h"
+#include "core/connection_words.h"
 #include "core/definition_text.h"
 #include "core/schema_transaction.h"
 #include "core/structure_files.h"
@@ -14,36 +15,7 @@
 namespace co {
 namespace {
 
-const QString kGeneral = QStringLiteral("DatabaseGeneral");
 const QString kSinCrear = QStringLiteral("Silenciosa,No Crear Tabla");
-const QString kPrefijoFallo =
-    QStringLiteral("Error. No es posible ejecutar la sentencia SQL. Motivo: ");
-
-// Catalog questions about the first schema of a connection; %1 is the quoted
-// table name.
-struct CatalogoCreacion {
-    Backend backend;
-    const char *existe;  // a count: 1 when the table is there
-    const char *indices; // the names of its indexes
-};
-
-constexpr CatalogoCreacion kCatalogo[] = {
-    {Backend::SQLite,
-     "SELECT COUNT(*) FROM sqlite_master WHERE type = 'table' AND upper(name) = upper(%1)",
-     "SELECT name FROM sqlite_master WHERE type = 'index' AND upper(tbl_name) = upper(%1)"},
-    {Backend::PostgreSQL,
-     "SELECT COUNT(*) FROM information_schema.tables WHERE table_schema = current_schema() "
-     "AND table_name = lower(%1)",
-     "SELECT indexname FROM pg_indexes WHERE schemaname = current_schema() "
-     "AND tablename = lower(%1)"},
-};
-
-const CatalogoCreacion &catalogo(Backend backend) {
-    for (const CatalogoCreacion &c : kCatalogo)
-        if (c.backend == backend)
-            return c;
-    return kCatalogo[0];
-}
 
 // The lines of a result, upper-cased, for comparing names whatever their case.
 QSet<QString> nombresEnMayusculas(const QString &resultado) {
@@ -51,14 +23,6 @@ QSet<QString> nombresEnMayusculas(const QString &resultado) {
     for (const QString &n : resultado.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts))
         out.insert(n.trimmed().toUpper());
     return out;
-}
-
-bool esError(const QString &resultado) {
-    return resultado.startsWith(QStringLiteral("Error."));
-}
-
-QString motivoDe(const QString &resultado) {
-    return resultado.startsWith(kPrefijoFallo) ? resultado.mid(kPrefijoFallo.size()) : resultado;
 }
 
 QString palabraTipoUsuario(const QString &tipoCampo) {
@@ -106,25 +70,26 @@ void CreadorTablas::RegistrarNombresEstructura() {
 QString CreadorTablas::conexionDe(const QString &tabla, const QString &conexion,
                                   bool temporal) const {
     if (temporal)
-        return sesion_.PathArchivosTemporales.isEmpty() ? kGeneral : sesion_.PathArchivosTemporales;
+        return sesion_.PathArchivosTemporales.isEmpty() ? kConexionGeneral
+                                                        : sesion_.PathArchivosTemporales;
     if (EsTablaGeneral(tabla))
-        return kGeneral;
-    if (conexion.isEmpty() || conexion == u"Database" || conexion == kGeneral)
-        return QStringLiteral("Database");
+        return kConexionGeneral;
+    if (conexion.isEmpty() || conexion == kConexionEmpresa || conexion == kConexionGeneral)
+        return kConexionEmpresa;
     return conexion;
 }
 
 bool CreadorTablas::existe(const QString &tabla, const QString &conexion) {
-    const QString r = datos_.EjecutarSQL(
-        QString::fromLatin1(catalogo(sesion_.backend()).existe).arg(Entrecomillar(tabla)), conexion,
-        kSinCrear);
+    const QString r =
+        datos_.EjecutarSQL(traitsOf(sesion_.backend()).tableExistsQuery.arg(Entrecomillar(tabla)),
+                           conexion, kSinCrear);
     return r.trimmed().toInt() > 0;
 }
 
 QString CreadorTablas::claveRevision(const QString &tabla, const QString &conexion) const {
-    QString base = conexion.isEmpty() ? QStringLiteral("Database") : conexion;
+    QString base = conexion.isEmpty() ? kConexionEmpresa : conexion;
     // "Database" stands for whichever company is current.
-    if (base == u"Database")
+    if (base == kConexionEmpresa)
         base += u'#' + (sesion_.AliasSustituto.isEmpty()
                             ? sesion_.NombreAliasEmpresa(sesion_.CodigoEmpresa)
                             : sesion_.AliasSustituto);
@@ -164,10 +129,10 @@ bool CreadorTablas::completarIndices(const QString &tabla, const QString &conexi
     }
     if (definidos.isEmpty())
         return true;
-    const QString enBase = datos_.EjecutarSQL(
-        QString::fromLatin1(catalogo(sesion_.backend()).indices).arg(Entrecomillar(tabla)),
-        conexion, kSinCrear);
-    if (esError(enBase))
+    const QString enBase =
+        datos_.EjecutarSQL(traitsOf(sesion_.backend()).tableIndexesQuery.arg(Entrecomillar(tabla)),
+                           conexion, kSinCrear);
+    if (EsResultadoError(enBase))
         return true;
     const QSet<QString> existentes = nombresEnMayusculas(enBase);
     QList<IndiceTabla> faltan;
@@ -179,7 +144,7 @@ bool CreadorTablas::completarIndices(const QString &tabla, const QString &conexi
 
     const QString columnas = datos_.EjecutarSQL(traitsOf(sesion_.backend()).columnsQuery.arg(tabla),
                                                 conexion, kSinCrear);
-    if (esError(columnas) || columnas.isEmpty())
+    if (EsResultadoError(columnas) || columnas.isEmpty())
         return true;
     const QSet<QString> tiene = nombresEnMayusculas(columnas);
     auto aviso = [&](const QString &motivo) {
@@ -197,9 +162,9 @@ bool CreadorTablas::completarIndices(const QString &tabla, const QString &conexi
         if (!completo)
             continue;
         const QString r = datos_.EjecutarSQL(SentenciaIndice(tabla, i), conexion, kSinCrear);
-        if (esError(r)) {
+        if (EsResultadoError(r)) {
             transaccion.rollback();
-            return aviso(motivoDe(r));
+            return aviso(MotivoResultado(r));
         }
     }
     if (!transaccion.commit())
@@ -211,16 +176,16 @@ bool CreadorTablas::CamposUsuario(const QString &tabla, QString *lineas, QString
     const QString sql = QStringLiteral("SELECT OrdenCampo, NombreCampo, TipoCampo, LongitudCampo "
                                        "FROM CAMPOUSR WHERE NombreTabla = %1 ORDER BY OrdenCampo")
                             .arg(Entrecomillar(tabla));
-    QString r = datos_.EjecutarSQL(sql, kGeneral, kSinCrear);
-    if (esError(r) && EsTablaInexistente(r)) {
+    QString r = datos_.EjecutarSQL(sql, kConexionGeneral, kSinCrear);
+    if (EsResultadoError(r) && EsTablaInexistente(r)) {
         QString why;
-        CrearTabla(QStringLiteral("CAMPOUSR"), kGeneral, {}, &why);
-        r = datos_.EjecutarSQL(sql, kGeneral, kSinCrear);
+        CrearTabla(QStringLiteral("CAMPOUSR"), kConexionGeneral, {}, &why);
+        r = datos_.EjecutarSQL(sql, kConexionGeneral, kSinCrear);
     }
     lineas->clear();
     motivo->clear();
-    if (esError(r)) {
-        *motivo = motivoDe(r);
+    if (EsResultadoError(r)) {
+        *motivo = MotivoResultado(r);
         return false;
     }
     QStringList problemas;
@@ -376,22 +341,22 @@ bool CreadorTablas::crearEnBaseDatos(const EstructuraTabla &tabla, const QString
         datos_.EjecutarSQL(QStringLiteral("DROP TABLE IF EXISTS ") + tabla.nombre, conexion,
                            kSinCrear);
     const QString r = datos_.EjecutarSQL(s.crear, conexion, kSinCrear);
-    if (esError(r)) {
+    if (EsResultadoError(r)) {
         transaccion.rollback();
         // Another process may have made it meanwhile: then it is there to use.
         if (!temporal && existe(tabla.nombre, conexion)) {
             motivo->clear();
             return false;
         }
-        pasoUno(motivoDe(r));
+        pasoUno(MotivoResultado(r));
         sesion_.mensajes().MensajePlano(s.crear);
         return false;
     }
     for (const QString &indice : s.indices) {
         const QString ri = datos_.EjecutarSQL(indice, conexion, kSinCrear);
-        if (esError(ri)) {
+        if (EsResultadoError(ri)) {
             transaccion.rollback();
-            *motivo = motivoDe(ri);
+            *motivo = MotivoResultado(ri);
             sesion_.mensajes().MensajeA(
                 QStringLiteral("No es posible crear el índice en SQL. Mensaje: ") + *motivo);
             return false;
@@ -413,8 +378,8 @@ bool CreadorTablas::PrimeraEmpresa() {
     const QString r = datos_.EjecutarSQL(
         QStringLiteral("INSERT INTO EMPRESA (Codigo, Nombre, Abreviatura) VALUES ('1', %1, %2)")
             .arg(Entrecomillar(nombre.left(40)), Entrecomillar(nombre.left(20))),
-        kGeneral, kSinCrear);
-    if (esError(r)) {
+        kConexionGeneral, kSinCrear);
+    if (EsResultadoError(r)) {
         sesion_.mensajes().MensajeE(
             QStringLiteral("¡ Imposible crear el registro de la empresa 1 !"));
         return false;

@@ -1,5 +1,6 @@
 #include "core/table_opening.h"
 
+#include "core/connection_words.h"
 #include "core/failure_handler.h"
 #include "core/ini_configuration.h"
 #include "core/ini_file.h"
@@ -9,8 +10,6 @@
 
 namespace co {
 namespace {
-
-const QString kGeneral = QStringLiteral("DatabaseGeneral");
 
 bool faltaTabla(const QString &fallo, bool soloTableDoesNotExist) {
     if (fallo.contains(QStringLiteral("Table does not exist")))
@@ -29,15 +28,15 @@ QString AperturaTablas::conexionDe(TablaAbrible &tabla, QString *paraCrear) {
     if (EsTablaTemporal(nombre))
         return actual;
     if (EsTablaGeneral(nombre))
-        return *paraCrear = kGeneral;
+        return *paraCrear = kConexionGeneral;
     if (actual.startsWith(u'?')) {
         if (sesion.backend() == Backend::PostgreSQL)
             return actual.mid(1);
         // The embedded back-end reaches another company through the alternate connection.
         sesion.ConectarEmpresaAlt(-1, actual.mid(1));
-        return QStringLiteral("DatabaseAlt");
+        return kConexionAlt;
     }
-    return *paraCrear = QStringLiteral("Database");
+    return *paraCrear = kConexionEmpresa;
 }
 
 bool AperturaTablas::abrir(TablaAbrible &tabla, Origen origen) {

@@ -1,6 +1,7 @@
 #include "core/temporary_cleanup.h"
 
 #include "core/connection_factory.h"
+#include "core/connection_words.h"
 #include "core/temporary_tables.h"
 
 #include <QCryptographicHash>
@@ -11,18 +12,7 @@
 namespace co {
 namespace {
 
-const QString kGeneral = QStringLiteral("DatabaseGeneral");
 const QString kSinCrear = QStringLiteral("Silenciosa,No Crear Tabla");
-
-// Tables of the general data whose names start with TEMP, per back-end.
-QString consultaTablasTemporales(Backend backend) {
-    return backend == Backend::PostgreSQL
-               ? QStringLiteral("SELECT table_name FROM information_schema.tables WHERE "
-                                "table_schema = current_schema() AND upper(table_name) LIKE "
-                                "'TEMP%'")
-               : QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND "
-                                "upper(name) LIKE 'TEMP%'");
-}
 
 int borrar(const QString &carpeta, const QString &patron) {
     if (carpeta.isEmpty())
@@ -102,11 +92,10 @@ int LimpiarTablasTemporales(TModuloDatos &datos, const TemporaryTablesClaim &cla
     TfGENEINIC &sesion = datos.sesion();
     const QString filas = datos.EjecutarSQL(
         QStringLiteral("SELECT NombreTablaTemporalOrg, NombreTablaTemporal FROM NOMBTTEM"),
-        kGeneral, kSinCrear);
-    const QString existentes =
-        datos.EjecutarSQL(consultaTablasTemporales(sesion.backend()), kGeneral, kSinCrear);
-    if (filas.startsWith(QStringLiteral("Error.")) ||
-        existentes.startsWith(QStringLiteral("Error.")))
+        kConexionGeneral, kSinCrear);
+    const QString existentes = datos.EjecutarSQL(traitsOf(sesion.backend()).temporaryTablesQuery,
+                                                 kConexionGeneral, kSinCrear);
+    if (EsResultadoError(filas) || EsResultadoError(existentes))
         return 0;
     QSet<QString> hay;
     for (const QString &t : existentes.split(QStringLiteral("\r\n"), Qt::SkipEmptyParts))
@@ -120,8 +109,8 @@ int LimpiarTablasTemporales(TModuloDatos &datos, const TemporaryTablesClaim &cla
         if (!largo.startsWith(inicio) || !largo.endsWith(fin) || !hay.contains(corto.toUpper()))
             continue;
         const QString r =
-            datos.EjecutarSQL(QStringLiteral("DROP TABLE ") + corto, kGeneral, kSinCrear);
-        if (!r.startsWith(QStringLiteral("Error.")))
+            datos.EjecutarSQL(QStringLiteral("DROP TABLE ") + corto, kConexionGeneral, kSinCrear);
+        if (!EsResultadoError(r))
             ++borradas;
     }
     return borradas;

@@ -1,5 +1,6 @@
 #include "core/temporary_tables.h"
 
+#include "core/connection_words.h"
 #include "core/definition_text.h"
 #include "core/sql_text.h"
 #include "core/table_creation.h"
@@ -14,19 +15,7 @@
 namespace co {
 namespace {
 
-const QString kGeneral = QStringLiteral("DatabaseGeneral");
-const QString kPrefijoFallo =
-    QStringLiteral("Error. No es posible ejecutar la sentencia SQL. Motivo: ");
-
 std::atomic<int> numeroPrograma{kProgramaControlObras};
-
-bool esError(const QString &resultado) {
-    return resultado.startsWith(QStringLiteral("Error."));
-}
-
-QString motivoDe(const QString &resultado) {
-    return resultado.startsWith(kPrefijoFallo) ? resultado.mid(kPrefijoFallo.size()) : resultado;
-}
 
 bool falla(QString *motivo, const QString &texto) {
     if (motivo)
@@ -111,19 +100,20 @@ bool NombreCortoTemporal(TModuloDatos &datos, const QString &nombreLargo,
                                           "NombreTablaTemporalOrg = ") +
                            Entrecomillar(nombreLargo) + QStringLiteral(" ORDER BY Contador");
     for (;;) {
-        const QString hallado = datos.EjecutarSQL(buscar, kGeneral, QStringLiteral("Silenciosa"));
-        if (esError(hallado))
-            return falla(motivo, motivoDe(hallado));
+        const QString hallado =
+            datos.EjecutarSQL(buscar, kConexionGeneral, QStringLiteral("Silenciosa"));
+        if (EsResultadoError(hallado))
+            return falla(motivo, MotivoResultado(hallado));
         if (!hallado.isEmpty()) {
             if (nombre)
                 *nombre = hallado.section(QStringLiteral("\r\n"), 0, 0).left(kLongitudNombreCorto);
             return true;
         }
         const QString maximo =
-            datos.EjecutarSQL(QStringLiteral("SELECT MAX(Contador) FROM NOMBTTEM"), kGeneral,
-                              QStringLiteral("Silenciosa"));
-        if (esError(maximo))
-            return falla(motivo, motivoDe(maximo));
+            datos.EjecutarSQL(QStringLiteral("SELECT MAX(Contador) FROM NOMBTTEM"),
+                              kConexionGeneral, QStringLiteral("Silenciosa"));
+        if (EsResultadoError(maximo))
+            return falla(motivo, MotivoResultado(maximo));
         const qlonglong contador = maximo.trimmed().toLongLong() + 1;
         const QString corto = (QStringLiteral("TEMP%1_").arg(contador, 6, 10, QLatin1Char('0')) +
                                propietarioEnNombre(propietario))
@@ -132,12 +122,12 @@ bool NombreCortoTemporal(TModuloDatos &datos, const QString &nombreLargo,
             QStringLiteral("INSERT INTO NOMBTTEM VALUES (") + QString::number(contador) +
                 QStringLiteral(", ") + Entrecomillar(nombreLargo) + QStringLiteral(", ") +
                 Entrecomillar(corto) + u')',
-            kGeneral, QStringLiteral("Silenciosa"));
+            kConexionGeneral, QStringLiteral("Silenciosa"));
         // A number taken meanwhile by someone else, or a writer holding the
         // table longer than the wait: read again.
-        if (esError(alta) && !alta.contains(QStringLiteral("Key violation")) &&
+        if (EsResultadoError(alta) && !alta.contains(QStringLiteral("Key violation")) &&
             !alta.contains(QStringLiteral("Record locked by another user")))
-            return falla(motivo, motivoDe(alta));
+            return falla(motivo, MotivoResultado(alta));
     }
 }
 
@@ -159,13 +149,13 @@ bool CrearTablaTemporal(TModuloDatos &datos, CreadorTablas &creador, const QStri
         return false;
     if (nombre)
         *nombre = tabla;
-    if (!creador.CrearTabla(tabla, kGeneral, definicion, motivo))
+    if (!creador.CrearTabla(tabla, kConexionGeneral, definicion, motivo))
         return false;
     // SQLite: the company connection keeps the old shape of the table until it
     // reads it, and a positional INSERT from there is checked against that shape.
     datos.EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM ") + datos.sesion().AliasGeneralSQL() +
                           QStringLiteral(".dbo.") + tabla,
-                      QStringLiteral("Database"), QStringLiteral("Silenciosa,No Crear Tabla"));
+                      kConexionEmpresa, QStringLiteral("Silenciosa,No Crear Tabla"));
     return true;
 }
 

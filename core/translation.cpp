@@ -1,5 +1,6 @@
 #include "core/translation.h"
 
+#include "core/connection_words.h"
 #include "core/database.h"
 #include "core/messages.h"
 #include "core/sql_text.h"
@@ -12,7 +13,6 @@ namespace co {
 
 namespace {
 
-const QString kGeneral = QStringLiteral("DatabaseGeneral");
 const QString kSelectTexto = QStringLiteral("SELECT TOP 1 Texto FROM TXIDIOMA   WHERE Idioma = ");
 const QString kSelectClave =
     QStringLiteral("SELECT TOP 1 ClaveTexto FROM TXIDIOMA   WHERE Idioma = ");
@@ -82,13 +82,13 @@ QString Translator::cacheKey(const QString &texto, const QString &idioma) const 
 
 bool Translator::generalConectada() {
     QString motivo;
-    return datos_.sesion().conexion(kGeneral, Canal::Principal, &motivo).has_value();
+    return datos_.sesion().conexion(kConexionGeneral, Canal::Principal, &motivo).has_value();
 }
 
 std::optional<QString> Translator::primerValor(const QString &sql) {
     Consulta consulta;
     consulta.SQL = sql;
-    consulta.DatabaseName = kGeneral;
+    consulta.DatabaseName = kConexionGeneral;
     if (!datos_.AbrirConsulta(consulta, QStringLiteral("Silencio")) || consulta.RecordCount() == 0)
         return std::nullopt;
     return consulta.Value(0, 0).toString();

@@ -8,10 +8,6 @@ namespace {
 
 const QString kSilenciosa = QStringLiteral("Silenciosa");
 
-bool failed(const QString &result) {
-    return result.startsWith(QStringLiteral("Error."));
-}
-
 void setReason(QString *motivo, const QString &text) {
     if (motivo)
         *motivo = text;
@@ -21,7 +17,7 @@ void setReason(QString *motivo, const QString &text) {
 // keeps no reason, so the statement is run once more through the text path.
 QString queryFailure(TModuloDatos &datos, const QString &sql) {
     const QString result = datos.EjecutarSQL(sql, kConexionUsuario, kSilenciosa);
-    return failed(result) ? result : QStringLiteral("Error.");
+    return EsResultadoError(result) ? result : QStringLiteral("Error.");
 }
 
 // `suffix` ends the statement: the back-end's row lock, or nothing.
@@ -107,7 +103,7 @@ bool insertUser(TModuloDatos &datos, const UserRecord &r, QString *motivo) {
             .join(QStringLiteral(", ")) +
         u')';
     const QString result = datos.EjecutarSQL(sql, kConexionUsuario, kSilenciosa);
-    if (failed(result)) {
+    if (EsResultadoError(result)) {
         setReason(motivo, result);
         return false;
     }
@@ -120,7 +116,7 @@ bool updateUserField(TModuloDatos &datos, const QString &codigo, const QString &
                         Entrecomillar(valor) + QStringLiteral(" WHERE Codigo = ") +
                         Entrecomillar(codigo);
     const QString result = datos.EjecutarSQL(sql, kConexionUsuario, kSilenciosa);
-    if (failed(result)) {
+    if (EsResultadoError(result)) {
         setReason(motivo, result);
         return false;
     }
@@ -130,7 +126,7 @@ bool updateUserField(TModuloDatos &datos, const QString &codigo, const QString &
 std::optional<bool> userTableEmpty(TModuloDatos &datos, QString *motivo) {
     const QString result = datos.EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM USUARIO"),
                                              kConexionUsuario, kSilenciosa);
-    if (failed(result)) {
+    if (EsResultadoError(result)) {
         setReason(motivo, result);
         return std::nullopt;
     }

@@ -10,6 +10,7 @@
 // - Failing statements show nothing: the caller tells the user in its own words
 //   from `motivo`.
 
+#include "core/connection_words.h"
 #include "core/database.h"
 
 #include <QString>
@@ -30,7 +31,7 @@ struct UserRecord {
 };
 
 inline const QString kTablaUsuario = QStringLiteral("USUARIO");
-inline const QString kConexionUsuario = QStringLiteral("DatabaseGeneral");
+inline const QString kConexionUsuario = kConexionGeneral;
 
 // nullopt when no record has the code, or when the table cannot be read
 // (`motivo` then holds the failure text and is otherwise left empty).

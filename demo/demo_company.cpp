@@ -1,5 +1,6 @@
 #include "demo/demo_company.h"
 
+#include "core/connection_words.h"
 #include "core/general_parameters_table.h"
 #include "core/sql_text.h"
 #include "demo/masters_writer.h"
@@ -8,10 +9,6 @@
 
 namespace co::demo {
 namespace {
-
-bool fallo(const QString &resultado) {
-    return resultado.startsWith(QStringLiteral("Error."));
-}
 
 // Parameter rows that opening a screen makes by itself do not count as data.
 bool tablaDeParametros(const QString &tabla) {
@@ -50,7 +47,7 @@ QString escribir(TModuloDatos &datos, const PlanDemo &plan, double escala, bool 
         for (const QString &tabla : TablasDemo()) {
             const QString r = datos.EjecutarSQL(QStringLiteral("DELETE FROM ") + tabla, {},
                                                 QStringLiteral("Silenciosa"));
-            if (fallo(r))
+            if (EsResultadoError(r))
                 return r;
         }
     }
@@ -105,7 +102,7 @@ bool CrearEmpresaDemo(TModuloDatos &datos, const OpcionesDemo &opciones, Recuent
     for (const QString &tabla : TablasDemo()) {
         const QString r = datos.EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM ") + tabla, {},
                                             QStringLiteral("Silenciosa"));
-        if (fallo(r))
+        if (EsResultadoError(r))
             return refusar(
                 QStringLiteral("¡No ha sido posible leer la tabla %1!. Motivo: %2").arg(tabla, r));
         if (!tablaDeParametros(tabla) && r.trimmed() != u"0")
@@ -139,8 +136,8 @@ bool CrearEmpresaDemo(TModuloDatos &datos, const OpcionesDemo &opciones, Recuent
         QStringLiteral("UPDATE EMPRESA SET Nombre = ") + Entrecomillar(plan.nombreEmpresa) +
             QStringLiteral(", Abreviatura = ") + Entrecomillar(plan.abreviaturaEmpresa) +
             QStringLiteral(" WHERE Codigo = ") + QString::number(empresa),
-        QStringLiteral("DatabaseGeneral"), QStringLiteral("Silenciosa"));
-    if (fallo(nombre))
+        kConexionGeneral, QStringLiteral("Silenciosa"));
+    if (EsResultadoError(nombre))
         return refusar(QStringLiteral("¡No ha sido posible dar nombre a la empresa %1!. Motivo: %2")
                            .arg(empresa)
                            .arg(nombre));

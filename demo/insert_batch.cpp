@@ -6,7 +6,7 @@ namespace co::demo {
 
 QString DestinoModuloDatos::Ejecutar(const QString &sql) {
     const QString r = datos_.EjecutarSQL(sql, {}, QStringLiteral("Silenciosa"));
-    return r.startsWith(QStringLiteral("Error.")) ? r : QString();
+    return EsResultadoError(r) ? r : QString();
 }
 
 LoteInsercion::LoteInsercion(DestinoSentencias &destino, const QString &tabla,

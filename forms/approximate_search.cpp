@@ -1,5 +1,6 @@
 #include "forms/approximate_search.h"
 
+#include "core/connection_words.h"
 #include "core/sql_text.h"
 
 namespace co::forms {
@@ -37,8 +38,7 @@ void TfGENEBUSA::Abrir(const QString &tabla, const OpcionesBusqueda &opciones) {
     resultado_.reset();
     ultimaSentencia_.clear();
     filas_->Close();
-    filas_->DatabaseName =
-        EsTablaGeneral(tabla) ? QStringLiteral("DatabaseGeneral") : QStringLiteral("Database");
+    filas_->DatabaseName = EsTablaGeneral(tabla) ? kConexionGeneral : kConexionEmpresa;
     Caption = QStringLiteral("Búsqueda por Aproximación en la tabla") + u' ' + tabla;
     ValueListEditor.clear();
     const QString clase = QStringLiteral("T") + Name;

@@ -3,6 +3,7 @@
 #include "core/date_utils.h"
 #include "core/failure.h"
 #include "core/number_format.h"
+#include "core/number_text.h"
 #include "core/result_text.h"
 #include "forms/dataset.h"
 #include "forms/dataset_errors.h"
@@ -138,16 +139,11 @@ QVariant Field::Converted(const QVariant &value) const {
             return n;
         }
         case ColumnKind::Float: {
-            // With a comma the points are thousands marks; without one a point
-            // is the decimal sign, as the numeric pad types it.
-            QString t = text.trimmed();
-            if (t.contains(u','))
-                t.remove(u'.').replace(u',', u'.');
-            bool ok = false;
-            const double d = t.toDouble(&ok);
-            if (!ok)
+            // Without a comma a point is the decimal sign, as the keypad types it.
+            const std::optional<double> d = LeerDecimal(text);
+            if (!d)
                 notValid(text, "floating point value");
-            return d;
+            return *d;
         }
         case ColumnKind::DateTime:
             if (IsHourField())
@@ -229,11 +225,10 @@ double Field::AsFloat() const {
     if (v.isNull())
         return 0.0;
     if (v.typeId() == QMetaType::QString) {
-        bool ok = false;
-        const double d = QString(v.toString()).replace(u',', u'.').trimmed().toDouble(&ok);
-        if (!ok)
+        const std::optional<double> d = LeerDecimal(v.toString());
+        if (!d)
             notValid(v.toString(), "floating point value");
-        return d;
+        return *d;
     }
     return v.toDouble();
 }

@@ -2,6 +2,7 @@
 
 #include "core/date_utils.h"
 #include "core/failure.h"
+#include "core/number_text.h"
 #include "forms/dataset_errors.h"
 #include "forms/field.h"
 
@@ -281,15 +282,11 @@ QVariant asType(const FilterOperand &target, const QVariant &v, bool literal) {
     switch (kind) {
     case ColumnKind::Integer:
     case ColumnKind::Float: {
-        QString t = text.trimmed();
-        if (t.contains(u','))
-            t.remove(u'.').replace(u',', u'.');
-        bool ok = false;
-        const double d = t.toDouble(&ok);
-        if (!ok)
+        const std::optional<double> d = LeerDecimal(text);
+        if (!d)
             throw EDatabaseError(
                 QStringLiteral("'%1' is not a valid floating point value").arg(text));
-        return d;
+        return *d;
     }
     case ColumnKind::DateTime:
         if (target.hour) {

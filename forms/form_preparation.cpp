@@ -1,11 +1,11 @@
 #include "forms/form_preparation.h"
 
 #include "core/hidden_controls.h"
+#include "core/keystroke_log.h"
 #include "core/rights.h"
 #include "core/session.h"
 #include "core/users.h"
 #include "forms/form.h"
-#include "forms/keystroke_log.h"
 #include "forms/maintenance_routines.h"
 #include "forms/multiple_delete.h"
 #include "forms/table.h"
@@ -114,7 +114,7 @@ void PrepararForm(Form &form, RutinasFormulario &rutinas, const OpcionesPreparac
     TModuloDatos &datos = rutinas.Datos();
     ValorUsuario(datos, datos.sesion().CodigoUsuario,
                  QStringLiteral("DesactivarPuntoPorComaDecimal"), punto, QStringLiteral("NO"));
-    EstadoTecladoSesion().DesactivarPuntoPorComaDecimal =
+    datos.sesion().Teclado().DesactivarPuntoPorComaDecimal =
         punto.isEmpty() ? QStringLiteral("NO") : punto;
     if (Component *previa = form.FindComponent(QStringLiteral("VisualizacionPrevia")))
         previa->Checked = o.visualizacionPrevia;

@@ -1,7 +1,9 @@
 #include "forms/key_actions.h"
 
 #include "core/access_history.h"
+#include "core/connection_words.h"
 #include "core/hidden_controls.h"
+#include "core/keystroke_log.h"
 #include "core/result_text.h"
 #include "core/rights.h"
 #include "core/session.h"
@@ -10,7 +12,6 @@
 #include "forms/focus_moves.h"
 #include "forms/form.h"
 #include "forms/form_preparation.h"
-#include "forms/keystroke_log.h"
 #include "forms/maintenance_routines.h"
 #include "forms/table.h"
 
@@ -23,7 +24,7 @@ void ponerEnEdicion(Dataset &ds) {
 }
 
 QString primerValor(const QString &resultado) {
-    if (resultado.isEmpty() || resultado.contains(QStringLiteral("Error.")))
+    if (resultado.isEmpty() || EsResultadoError(resultado))
         return {};
     return resultado.split(u'\n').first().split(u'|').first();
 }
@@ -54,14 +55,14 @@ bool ExpandirTextoCodificado(Form &form, RutinasFormulario &rutinas) {
     Field *campo = CampoEnfocado(form);
     if ((rejilla || datos) && !campo)
         return false;
-    QString codigo =
-        rejilla ? EstadoTecladoSesion().UltimaPalabra() : (datos ? campo->AsString() : c->Text);
+    QString codigo = rejilla ? rutinas.Datos().sesion().Teclado().UltimaPalabra()
+                             : (datos ? campo->AsString() : c->Text);
     TModuloDatos &db = rutinas.Datos();
     auto leer = [&](const QString &columna) {
         return db.EjecutarSQL(QStringLiteral("SELECT ") + columna +
                                   QStringLiteral(" FROM TEXTO WHERE Codigo = ") +
                                   Entrecomillar(codigo),
-                              QStringLiteral("Database"), QStringLiteral("Silenciosa"));
+                              kConexionEmpresa, QStringLiteral("Silenciosa"));
     };
     QString texto = primerValor(leer(QStringLiteral("Texto")));
     if (texto.isEmpty()) {
@@ -126,7 +127,7 @@ bool OcultarControl(Form &form, RutinasFormulario &rutinas) {
                                                      : form.ActiveControl();
     if (!c)
         return true;
-    ListaControlesSesion &lista = EstadoTecladoSesion().ControlesSeleccionados;
+    ListaControlesSesion &lista = rutinas.Datos().sesion().Teclado().ControlesSeleccionados;
     auto *grid = dynamic_cast<DBGrid *>(c);
     if (!grid) {
         lista.Registrar(NombreControl(ClaseFormulario(form), c->Name()));

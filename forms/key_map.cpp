@@ -3,7 +3,6 @@
 #include "forms/focus_moves.h"
 #include "forms/form.h"
 #include "forms/key_actions.h"
-#include "forms/keystroke_log.h"
 #include "forms/maintenance_routines.h"
 #include "forms/record_copy.h"
 #include "forms/table.h"
@@ -66,12 +65,13 @@ bool teclaRejilla(Form &form, RutinasFormulario &rutinas, const Tecla &t) {
     }
     if (es(t, Qt::Key_C, Qt::ControlModifier | Qt::AltModifier)) {
         if (Dataset *ds = grid->DataSet())
-            EstadoTecladoSesion().Portapapeles = CopiarRegistro(*ds);
+            rutinas.Datos().sesion().Teclado().Portapapeles = CopiarRegistro(*ds);
         return true;
     }
     if (es(t, Qt::Key_V, Qt::ControlModifier | Qt::AltModifier)) {
         if (Dataset *ds = datasetPendiente(grid))
-            PegarRegistro(*ds, EstadoTecladoSesion().Portapapeles, QStringLiteral("SinIndices"));
+            PegarRegistro(*ds, rutinas.Datos().sesion().Teclado().Portapapeles,
+                          QStringLiteral("SinIndices"));
         return true;
     }
     if (es(t, Qt::Key_G, Qt::ControlModifier)) {
@@ -197,14 +197,15 @@ bool esCampoHora(Field *f) {
 } // namespace
 
 bool ProcesarTeclaForm(Form &form, RutinasFormulario &rutinas, const Tecla &tecla) {
-    EstadoTecladoSesion().RegistrarPulsacion(tecla);
+    rutinas.Datos().sesion().Teclado().RegistrarPulsacion(tecla);
     bool consumida = false;
     // A refusal is told in the system's words; an abort just stops the key.
     rutinas.Ejecutar([&] { consumida = procesar(form, rutinas, tecla); });
     return consumida;
 }
 
-QChar ProcesarCaracterForm(Form &form, QChar caracter, const Tecla &tecla) {
+QChar ProcesarCaracterForm(Form &form, RutinasFormulario &rutinas, QChar caracter,
+                           const Tecla &tecla) {
     Component *foco = form.ActiveControl();
     if (caracter == u'\r') {
         if (EsTextoMultilinea(foco))
@@ -224,7 +225,7 @@ QChar ProcesarCaracterForm(Form &form, QChar caracter, const Tecla &tecla) {
         Field *f = CampoEnfocado(form);
         if (esCampoHora(f))
             return u':';
-        if (EstadoTecladoSesion().DesactivarPuntoPorComaDecimal != u"SI")
+        if (rutinas.Datos().sesion().Teclado().DesactivarPuntoPorComaDecimal != u"SI")
             return u',';
     }
     return caracter;

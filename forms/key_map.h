@@ -8,9 +8,10 @@
 // Keys use Qt's key codes and modifiers (qnamespace.h, QtCore), so the view
 // passes QKeyEvent::key() and QKeyEvent::modifiers() as they are.
 
+#include "core/keystroke_log.h"
+
 #include <QChar>
 #include <QString>
-#include <Qt>
 
 namespace co::forms {
 class Form;
@@ -19,19 +20,14 @@ class RutinasFormulario;
 
 namespace co {
 
-struct Tecla {
-    int key = 0;
-    Qt::KeyboardModifiers modifiers;
-    // The key came from the numeric keypad (Qt::KeypadModifier is also set then).
-    bool tecladoNumerico() const { return modifiers.testFlag(Qt::KeypadModifier); }
-};
-
 // True when the form consumed the key. The form's focused control and selected
 // grid column say where the key was pressed.
 bool ProcesarTeclaForm(forms::Form &form, forms::RutinasFormulario &rutinas, const Tecla &tecla);
 
 // The character to give to the widget (the keypad's point becomes "," or ":" in
-// number and hour fields); a null QChar when the form consumed it.
-QChar ProcesarCaracterForm(forms::Form &form, QChar caracter, const Tecla &tecla);
+// number and hour fields, as the session's keyboard option says); a null QChar
+// when the form consumed it.
+QChar ProcesarCaracterForm(forms::Form &form, forms::RutinasFormulario &rutinas, QChar caracter,
+                           const Tecla &tecla);
 
 } // namespace co

@@ -1,18 +1,12 @@
 #include "forms/maintenance_routines.h"
 
+#include "core/connection_words.h"
 #include "core/date_utils.h"
 #include "core/failure_handler.h"
 #include "core/sql_text.h"
 #include "forms/table.h"
 
 namespace co::forms {
-namespace {
-
-bool isError(const QString &r) {
-    return r.contains(QStringLiteral("Error."));
-}
-
-} // namespace
 
 void RutinasFormulario::DespuesGrabarRegistro(Dataset &dataset) {
     // Writes are committed at post on both back-ends: nothing is left to force to disk.
@@ -35,7 +29,7 @@ void RutinasFormulario::DespuesGrabarRegistro(Dataset &dataset) {
             Entrecomillar(table->TableName()) + QStringLiteral(" AND ((ClaveTabla = ") +
             Entrecomillar(clave) + QStringLiteral(") OR (ClaveTabla = ") + Entrecomillar(corta) +
             QStringLiteral("))"),
-        QStringLiteral("Database"), QStringLiteral("Silenciosa"));
+        kConexionEmpresa, QStringLiteral("Silenciosa"));
     if (r.isEmpty() && ResponsabilidadDocumental)
         ResponsabilidadDocumental(dataset);
 }
@@ -44,7 +38,7 @@ void RutinasFormulario::AntesEliminarRegistro(Dataset &dataset) {
     if (RegistrarActividad)
         RegistrarActividad();
     auto *table = dynamic_cast<Table *>(&dataset);
-    if (!table || datos_.BaseDatosDeTabla(table->TableName()) == u"DatabaseGeneral")
+    if (!table || datos_.BaseDatosDeTabla(table->TableName()) == kConexionGeneral)
         return;
     if (EliminarDatosAsociados && !EliminarDatosAsociados(*table))
         Abort();
@@ -104,9 +98,8 @@ bool RutinasFormulario::existe(const QString &tabla, const QString &clave) {
         sql += QStringLiteral("  AND ") + campos[i] + QStringLiteral(" = ") + Entrecomillar(parte);
     }
     const QString r =
-        datos_.EjecutarSQL(sql, EsTablaGeneral(tabla) ? QStringLiteral("DatabaseGeneral")
-                                                      : QStringLiteral("Database"));
-    return !r.isEmpty() && !isError(r);
+        datos_.EjecutarSQL(sql, EsTablaGeneral(tabla) ? kConexionGeneral : kConexionEmpresa);
+    return !r.isEmpty() && !EsResultadoError(r);
 }
 
 bool RutinasFormulario::ExisteClave(Dataset &dataset, const QString &clave) {

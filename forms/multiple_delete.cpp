@@ -1,5 +1,6 @@
 #include "forms/multiple_delete.h"
 
+#include "core/connection_words.h"
 #include "core/sql_text.h"
 #include "forms/table.h"
 
@@ -69,8 +70,8 @@ bool EliminarDatosAsociados(TModuloDatos &datos, Table &table) {
     bool todo = true;
     for (const auto &paso : pasos) {
         const QString r =
-            datos.EjecutarSQL(paso.sql, QStringLiteral("Database"), QStringLiteral("Silenciosa"));
-        if (r.contains(QStringLiteral("Error."))) {
+            datos.EjecutarSQL(paso.sql, kConexionEmpresa, QStringLiteral("Silenciosa"));
+        if (EsResultadoError(r)) {
             datos.sesion().mensajes().MensajeA(paso.fallo + r);
             todo = false;
         }

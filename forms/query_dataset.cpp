@@ -1,5 +1,6 @@
 #include "forms/query_dataset.h"
 
+#include "core/connection_words.h"
 #include "core/text_utils.h"
 
 namespace co::forms {
@@ -15,12 +16,12 @@ QString Query::KeyTableName() const {
 }
 
 QString Query::ConnectionWord() const {
-    return DatabaseName.isEmpty() ? QStringLiteral("Database") : DatabaseName;
+    return DatabaseName.isEmpty() ? kConexionEmpresa : DatabaseName;
 }
 
 void Query::ExecSQL() {
     const QString r = datos_.EjecutarSQL(SQL, ConnectionWord(), QStringLiteral("Silenciosa"));
-    if (r.startsWith(QStringLiteral("Error.")))
+    if (EsResultadoError(r))
         throw EDatabaseError(r.section(QStringLiteral("Motivo: "), 1));
 }
 
@@ -47,9 +48,8 @@ QList<Dataset::ColumnInfo> Query::fetch() {
     if (!datos_.AbrirConsulta(q, QStringLiteral("Open,Silencio"))) {
         const QString r = datos_.EjecutarSQL(q.SQL, ConnectionWord(),
                                              QStringLiteral("Silenciosa,No Crear Tabla"));
-        throw EDatabaseError(r.startsWith(QStringLiteral("Error."))
-                                 ? r.section(QStringLiteral("Motivo: "), 1)
-                                 : QStringLiteral("No SQL statement available"));
+        throw EDatabaseError(EsResultadoError(r) ? r.section(QStringLiteral("Motivo: "), 1)
+                                                 : QStringLiteral("No SQL statement available"));
     }
     QList<ColumnInfo> out;
     for (const ResultColumn &c : q.Fields())

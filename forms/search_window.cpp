@@ -1,5 +1,6 @@
 #include "forms/search_window.h"
 
+#include "core/connection_words.h"
 #include "core/sql_text.h"
 #include "core/users.h"
 #include "forms/pick_list_check.h"
@@ -163,8 +164,7 @@ void TfGENEBUSQ::Abrir(const EstadoBusqueda &estado, const OpcionesBusqueda &opc
     filas_->Close();
     quitarFiltros();
     Caption = QStringLiteral("Buscar en la tabla") + u' ' + estado_.tabla;
-    filas_->DatabaseName =
-        general() ? QStringLiteral("DatabaseGeneral") : QStringLiteral("Database");
+    filas_->DatabaseName = general() ? kConexionGeneral : kConexionEmpresa;
     dato_->Text = estado_.textoInicial;
     SetFocus(dato_);
     lista_->Items.clear();

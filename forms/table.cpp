@@ -12,10 +12,6 @@ const QString kSilenciosa = QStringLiteral("Silenciosa");
 const QString kRecordLocked = QStringLiteral("Record locked by another user");
 const QString kRecordDeleted = QStringLiteral("Record/Key deleted");
 
-bool isError(const QString &result) {
-    return result.startsWith(QStringLiteral("Error."));
-}
-
 // The failure text of a statement result: what follows "Motivo: ".
 QString motivo(const QString &result) {
     const qsizetype at = result.indexOf(QStringLiteral("Motivo: "));
@@ -99,7 +95,7 @@ QVariant Table::value(const QString &field) const {
 QString Table::run(const QString &sql) {
     ++statements_;
     const QString result = datos_.EjecutarSQL(sql, ConnectionWord(), kSilenciosa);
-    if (isError(result))
+    if (EsResultadoError(result))
         throw EDatabaseError(motivo(result));
     return result;
 }
@@ -239,7 +235,8 @@ QList<DeclaredColumn> Table::probeColumns() {
     if (!datos_.AbrirConsulta(probe, QStringLiteral("Open,Silencio"))) {
         const QString r = datos_.EjecutarSQL(probe.SQL, ConnectionWord(),
                                              QStringLiteral("Silenciosa,No Crear Tabla"));
-        throw EDatabaseError(isError(r) ? motivo(r) : QStringLiteral("Table does not exist"));
+        throw EDatabaseError(EsResultadoError(r) ? motivo(r)
+                                                 : QStringLiteral("Table does not exist"));
     }
     QHash<QString, DeclaredColumn> declared;
     for (const DeclaredColumn &d : ColumnasDeclaradas(datos_, tableName_, ConnectionWord(), true))
@@ -512,12 +509,11 @@ void Table::lockRow(const Row &row) {
             throw EDatabaseError(QStringLiteral("Transaction could not be started"));
         ownTransaction_ = true;
     }
-    const RecordLocking &locking = BloqueoRegistros(sesion.backend());
+    const QString lockSuffix = traitsOf(sesion.backend()).recordLockSuffix;
     QString result;
     try {
-        result =
-            run(QStringLiteral("SELECT ") + primaryKey_.first() + QStringLiteral(" FROM ") +
-                sqlName() + QStringLiteral(" WHERE ") + keyCondition(row) + locking.lockSuffix);
+        result = run(QStringLiteral("SELECT ") + primaryKey_.first() + QStringLiteral(" FROM ") +
+                     sqlName() + QStringLiteral(" WHERE ") + keyCondition(row) + lockSuffix);
     } catch (...) {
         if (ownTransaction_)
             endTransaction(false);
@@ -531,7 +527,7 @@ void Table::lockRow(const Row &row) {
 }
 
 void Table::srcBeginEdit(Row &row) {
-    if (BloqueoRegistros(datos_.sesion().backend()).pessimistic)
+    if (traitsOf(datos_.sesion().backend()).pessimisticRecords)
         lockRow(row);
     // The edit starts from the row as it is now, not as it was paged in.
     std::optional<Row> fresh;
@@ -591,7 +587,7 @@ bool Table::srcUpdate(const Row &original, const Row &row) {
                            sets.join(QStringLiteral(", ")) + QStringLiteral(" WHERE ") +
                            keyCondition(original);
     TfGENEINIC &sesion = datos_.sesion();
-    if (BloqueoRegistros(sesion.backend()).pessimistic) {
+    if (traitsOf(sesion.backend()).pessimisticRecords) {
         // The lock keeps other sessions off the row, not a statement of this one.
         if (!readRow(original))
             throw EDatabaseError(kRecordDeleted);
@@ -635,7 +631,7 @@ bool Table::srcUpdate(const Row &original, const Row &row) {
 
 bool Table::srcDelete(const Row &row) {
     TfGENEINIC &sesion = datos_.sesion();
-    const bool pessimistic = BloqueoRegistros(sesion.backend()).pessimistic;
+    const bool pessimistic = traitsOf(sesion.backend()).pessimisticRecords;
     if (pessimistic && !ownTransaction_)
         lockRow(row);
     try {

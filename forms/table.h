@@ -24,9 +24,9 @@
 
 #include "core/database.h"
 #include "core/record_view.h"
+#include "core/table_catalog.h"
 #include "core/table_opening.h"
 #include "forms/dataset.h"
-#include "forms/table_catalog.h"
 
 #include <deque>
 

@@ -1,12 +1,12 @@
 #include "output/listing_table.h"
 
+#include "core/connection_words.h"
 #include "core/temporary_tables.h"
 
 namespace co {
 
 namespace {
 
-const QString kDatabase = QStringLiteral("Database");
 const QString kError = QStringLiteral("Error.");
 
 bool falla(QString *motivo, const QString &texto) {
@@ -67,11 +67,11 @@ bool TablaListado::Llenar(const OrigenListado &origen, QString *motivo) {
     if (origen.columnas.size() != origen.expresiones.size() || origen.columnas.isEmpty())
         return falla(motivo, QStringLiteral("Las columnas de la tabla temporal no corresponden "
                                             "con las de la consulta del listado."));
-    const QString hecho = datos_.EjecutarSQL(SentenciaLlenado(origen, filas_), kDatabase);
-    if (hecho.startsWith(kError))
+    const QString hecho = datos_.EjecutarSQL(SentenciaLlenado(origen, filas_), kConexionEmpresa);
+    if (EsResultadoError(hecho))
         return falla(motivo, hecho.mid(kError.size()).trimmed());
     const qint64 filas = numeroDe(datos_.EjecutarSQL(
-        QStringLiteral("SELECT COUNT(*) FROM ") + NombreCualificado(), kDatabase));
+        QStringLiteral("SELECT COUNT(*) FROM ") + NombreCualificado(), kConexionEmpresa));
     if (filas < 0)
         return falla(motivo, QStringLiteral("No se ha podido contar las filas de la tabla "
                                             "temporal del listado."));
@@ -86,7 +86,7 @@ std::unique_ptr<ReportDataSource> TablaListado::Lector(int porBloque) const {
 
 bool BloquesDataSource::leerBloque(qint64 desde, QString *motivo) {
     bloque_ = Consulta();
-    bloque_.DatabaseName = kDatabase;
+    bloque_.DatabaseName = kConexionEmpresa;
     bloque_.SQL = QStringLiteral("SELECT * FROM %1 WHERE %2 >= '%3' AND %2 < '%4' ORDER BY %2")
                       .arg(tabla_, columnaFila_)
                       .arg(desde)
@@ -99,8 +99,8 @@ bool BloquesDataSource::leerBloque(qint64 desde, QString *motivo) {
 }
 
 bool BloquesDataSource::open(QString *motivo) {
-    total_ =
-        numeroDe(datos_.EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM ") + tabla_, kDatabase));
+    total_ = numeroDe(
+        datos_.EjecutarSQL(QStringLiteral("SELECT COUNT(*) FROM ") + tabla_, kConexionEmpresa));
     if (total_ < 0)
         return falla(motivo, QStringLiteral("No se ha podido leer la tabla temporal del listado."));
     if (!leerBloque(1, motivo))

@@ -1,5 +1,6 @@
 #include "output/xlsx_export.h"
 
+#include "core/number_text.h"
 #include "output/page_exports.h"
 
 #include <QDir>
@@ -19,11 +20,7 @@ std::optional<double> NumeroDeTexto(const QString &texto) {
     // "007" is a code, not seven.
     if (entero.size() > 1 && entero.startsWith(u'0'))
         return std::nullopt;
-    QString c = texto;
-    c.remove(u'.').replace(u',', u'.');
-    bool ok = false;
-    const double v = c.toDouble(&ok);
-    return ok ? std::optional<double>(v) : std::nullopt;
+    return LeerDecimal(texto, PuntoSinComa::Millares);
 }
 
 XlsxExportSink::XlsxExportSink(QString ruta) : ruta_(std::move(ruta)) {}

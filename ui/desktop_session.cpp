@@ -7,7 +7,7 @@
 #include "ui/listing_screens.h"
 
 #include "core/activity_log.h"
-#include "forms/keystroke_log.h"
+#include "core/keystroke_log.h"
 #include "forms/searches.h"
 
 #include <QAction>
@@ -114,7 +114,7 @@ void DesktopSession::registrarActividad(const QString &ventana, const QString &a
 void DesktopSession::finalizarControlesOcultos() {
     if (!aplicacion_->configuracion().ModoAdministradorActivado)
         return;
-    forms::EstadoTecladoSesion().ControlesSeleccionados.Finalizar(
+    aplicacion_->sesion().Teclado().ControlesSeleccionados.Finalizar(
         aplicacion_->datos(), [this](const QString &titulo, const QString &texto) {
             port_->showTitled(QChar(u'I'), titulo, texto, {});
         });

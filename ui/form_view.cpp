@@ -321,7 +321,7 @@ bool FormView::eventFilter(QObject *watched, QEvent *event) {
             return true;
         if (!k->text().isEmpty()) {
             const QChar dado = k->text().front();
-            const QChar queda = EnviarCaracterAlFormulario(*form_, dado, tecla);
+            const QChar queda = EnviarCaracterAlFormulario(*form_, rutinas_, dado, tecla);
             if (queda.isNull())
                 return true;
             if (queda != dado) {

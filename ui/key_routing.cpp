@@ -6,8 +6,9 @@ bool EnviarTeclaAlFormulario(forms::Form &form, forms::RutinasFormulario &rutina
     return ProcesarTeclaForm(form, rutinas, tecla);
 }
 
-QChar EnviarCaracterAlFormulario(forms::Form &form, QChar caracter, const Tecla &tecla) {
-    return ProcesarCaracterForm(form, caracter, tecla);
+QChar EnviarCaracterAlFormulario(forms::Form &form, forms::RutinasFormulario &rutinas,
+                                 QChar caracter, const Tecla &tecla) {
+    return ProcesarCaracterForm(form, rutinas, caracter, tecla);
 }
 
 } // namespace co::ui

@@ -10,6 +10,7 @@ namespace co::ui {
 using co::Tecla;
 
 bool EnviarTeclaAlFormulario(forms::Form &form, forms::RutinasFormulario &rutinas, const Tecla &tecla);
-QChar EnviarCaracterAlFormulario(forms::Form &form, QChar caracter, const Tecla &tecla);
+QChar EnviarCaracterAlFormulario(forms::Form &form, forms::RutinasFormulario &rutinas,
+                                 QChar caracter, const Tecla &tecla);
 
 } // namespace co::ui

@@ -63,6 +63,40 @@ QStringList crossings(const QString &root) {
     return found;
 }
 
+// The project headers a file includes.
+QStringList includesOf(const QString &path) {
+    static const QRegularExpression include(QStringLiteral("^\\s*#\\s*include\\s*\"([^\"]+)\""));
+    QStringList out;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return out;
+    while (!file.atEnd()) {
+        const QRegularExpressionMatch m = include.match(QString::fromUtf8(file.readLine()));
+        if (m.hasMatch())
+            out << m.captured(1);
+    }
+    return out;
+}
+
+// Inside core the statement layer (database.h/.cpp) is the floor the modules
+// that run statements stand on: it includes none of the headers that include it.
+QStringList statementLayerCrossings(const QString &root) {
+    const QDir core(QDir(root).filePath(QStringLiteral("core")));
+    const QString layer = QStringLiteral("core/database.h");
+    QStringList above;
+    for (const QString &name : core.entryList({QStringLiteral("*.h")}, QDir::Files)) {
+        const QString header = QStringLiteral("core/") + name;
+        if (header != layer && includesOf(core.filePath(name)).contains(layer))
+            above << header;
+    }
+    QStringList found;
+    for (const QString &name : {QStringLiteral("database.h"), QStringLiteral("database.cpp")})
+        for (const QString &header : includesOf(core.filePath(name)))
+            if (above.contains(header))
+                found << QStringLiteral("core/") + name + QStringLiteral(" includes ") + header;
+    return found;
+}
+
 TEST(LibraryOrder, NoLibraryIncludesALaterOneOrTheWidgets) {
     const QStringList found = crossings(QStringLiteral(CO_SOURCE_DIR));
     EXPECT_TRUE(found.isEmpty()) << found.join(u'\n').toStdString();
@@ -84,6 +118,30 @@ TEST(LibraryOrder, TheCheckSeesACrossing) {
     EXPECT_EQ(crossings(dir.path()),
               (QStringList{"core/a.h includes forms/b.h", "forms/b.h includes QWidget",
                            "works/c.cpp includes ui/v.h"}));
+}
+
+TEST(LibraryOrder, TheStatementLayerIncludesNothingBuiltOnIt) {
+    const QStringList found = statementLayerCrossings(QStringLiteral(CO_SOURCE_DIR));
+    EXPECT_TRUE(found.isEmpty()) << found.join(u'\n').toStdString();
+}
+
+TEST(LibraryOrder, TheStatementLayerCheckSeesAModuleIncludedUpwards) {
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    ASSERT_TRUE(QDir(dir.path()).mkpath(QStringLiteral("core")));
+    auto write = [&](const QString &path, const QByteArray &text) {
+        QFile f(QDir(dir.path()).filePath(path));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(text);
+    };
+    write(QStringLiteral("core/database.h"), "#include \"core/query.h\"\n");
+    write(QStringLiteral("core/query.h"), "#include <QString>\n");
+    write(QStringLiteral("core/copia.h"), "#include \"core/database.h\"\n");
+    EXPECT_TRUE(statementLayerCrossings(dir.path()).isEmpty());
+    write(QStringLiteral("core/database.cpp"),
+          "#include \"core/database.h\"\n#include \"core/copia.h\"\n#include \"core/query.h\"\n");
+    EXPECT_EQ(statementLayerCrossings(dir.path()),
+              QStringList{QStringLiteral("core/database.cpp includes core/copia.h")});
 }
 
 } // namespace

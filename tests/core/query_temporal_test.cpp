@@ -1,5 +1,6 @@
 // A query opened with "Temporal" is stored in a temporary table of the general
 // data and read back from it, on both back-ends.
+#include "core/materialised_query.h"
 #include "support/layer_fixture.h"
 
 #include <gtest/gtest.h>
@@ -13,12 +14,23 @@ protected:
         TablesOnDemandTest::SetUp();
         if (HasFatalFailure())
             return;
+        // As the program's start-up does.
+        materializador_ = std::make_unique<MaterializadorConsultas>(*datos_);
+        datos_->setQueryMaterializer(materializador_.get());
         sesion_->CodigoUsuario = QStringLiteral("ANA");
         ok(QStringLiteral("INSERT INTO OBRA (Codigo, Descripcion, GastosIndirectos) VALUES ('1', "
                           "'Nave', '2.5')"));
         ok(QStringLiteral("INSERT INTO OBRA (Codigo, Descripcion, GastosIndirectos) VALUES ('2', "
                           "'Puente', '4')"));
     }
+    void TearDown() override {
+        if (datos_)
+            datos_->setQueryMaterializer(nullptr);
+        materializador_.reset();
+        TablesOnDemandTest::TearDown();
+    }
+
+    std::unique_ptr<MaterializadorConsultas> materializador_;
 };
 
 TEST_P(QueryTemporal, RowsComeBackFromTheTemporaryTable) {
@@ -50,6 +62,25 @@ TEST_P(QueryTemporal, FailuresAreToldUnlessSilenced) {
     q.SQL = QStringLiteral("SELECT Nada FROM OBRA");
     EXPECT_FALSE(datos_->AbrirConsulta(q, QStringLiteral("Open,Temporal,Silencio")));
     EXPECT_TRUE(messages_.shown().isEmpty());
+}
+
+TEST_P(QueryTemporal, WithoutTheTemporaryTablesTheOptionIsRefusedAndTheQueryKept) {
+    datos_->setQueryMaterializer(nullptr);
+    Consulta q;
+    q.SQL = QStringLiteral("SELECT Codigo FROM OBRA ORDER BY Codigo");
+    EXPECT_FALSE(datos_->AbrirConsulta(q, QStringLiteral("Open,Temporal,Silencio")));
+    EXPECT_EQ(q.SQL, QStringLiteral("SELECT Codigo FROM OBRA ORDER BY Codigo"));
+    EXPECT_EQ(q.RecordCount(), 2);
+    EXPECT_TRUE(messages_.shown().isEmpty());
+    // Told when not silenced.
+    EXPECT_FALSE(datos_->AbrirConsulta(q, QStringLiteral("Open,Temporal")));
+    EXPECT_TRUE(messages_.texts().join(u'\n').contains(QStringLiteral("tabla temporal")))
+        << messages_.texts().join(u'\n').toStdString();
+    // Plugged in again, the same query goes through.
+    datos_->setQueryMaterializer(materializador_.get());
+    ASSERT_TRUE(datos_->AbrirConsulta(q, QStringLiteral("Open,Temporal")));
+    EXPECT_EQ(q.RecordCount(), 2);
+    EXPECT_FALSE(q.SQL.contains(QStringLiteral("OBRA")));
 }
 
 CO_ON_BOTH_BACKENDS(QueryTemporal);

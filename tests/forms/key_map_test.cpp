@@ -102,7 +102,8 @@ TEST_P(KeyMap, LastColumnGoesToTheNextRecordAndMemosKeepTheirEnter) {
     Component &memo = form_->AddControl(ComponentKind::Memo, QStringLiteral("Memo1"));
     form_->SetFocus(&memo);
     EXPECT_FALSE(pulsar(Qt::Key_Return)) << "a new line in a memo";
-    EXPECT_EQ(ProcesarCaracterForm(*form_, u'\r', Tecla{Qt::Key_Return, {}}), QChar(u'\r'));
+    EXPECT_EQ(ProcesarCaracterForm(*form_, *rutinas_, u'\r', Tecla{Qt::Key_Return, {}}),
+              QChar(u'\r'));
     EXPECT_EQ(form_->ActiveControl(), &memo);
 }
 
@@ -147,18 +148,20 @@ TEST_P(KeyMap, KeypadPointBecomesCommaOrColonAsTheFieldAsks) {
     const Tecla punto{Qt::Key_Period, Qt::KeypadModifier};
     const Tecla puntoPrincipal{Qt::Key_Period, Qt::NoModifier};
     form.SetFocus(&hora);
-    EXPECT_EQ(ProcesarCaracterForm(form, u'.', punto), QChar(u':'));
+    EXPECT_EQ(ProcesarCaracterForm(form, *rutinas_, u'.', punto), QChar(u':'));
     form.SetFocus(&importe);
-    EXPECT_EQ(ProcesarCaracterForm(form, u'.', punto), QChar(u','));
-    EXPECT_EQ(ProcesarCaracterForm(form, u'.', puntoPrincipal), QChar(u'.'));
-    EXPECT_EQ(ProcesarCaracterForm(form, u'7', Tecla{Qt::Key_7, Qt::KeypadModifier}), QChar(u'7'));
-    EstadoTecladoSesion().DesactivarPuntoPorComaDecimal = QStringLiteral("SI");
-    EXPECT_EQ(ProcesarCaracterForm(form, u'.', punto), QChar(u'.'));
+    EXPECT_EQ(ProcesarCaracterForm(form, *rutinas_, u'.', punto), QChar(u','));
+    EXPECT_EQ(ProcesarCaracterForm(form, *rutinas_, u'.', puntoPrincipal), QChar(u'.'));
+    EXPECT_EQ(ProcesarCaracterForm(form, *rutinas_, u'7', Tecla{Qt::Key_7, Qt::KeypadModifier}),
+              QChar(u'7'));
+    sesion_->Teclado().DesactivarPuntoPorComaDecimal = QStringLiteral("SI");
+    EXPECT_EQ(ProcesarCaracterForm(form, *rutinas_, u'.', punto), QChar(u'.'));
     form.SetFocus(&hora);
-    EXPECT_EQ(ProcesarCaracterForm(form, u'.', punto), QChar(u':')) << "hours keep the colon";
+    EXPECT_EQ(ProcesarCaracterForm(form, *rutinas_, u'.', punto), QChar(u':'))
+        << "hours keep the colon";
 
     // Carriage return outside a grid moves on and is swallowed.
-    EXPECT_TRUE(ProcesarCaracterForm(form, u'\r', Tecla{Qt::Key_Return, {}}).isNull());
+    EXPECT_TRUE(ProcesarCaracterForm(form, *rutinas_, u'\r', Tecla{Qt::Key_Return, {}}).isNull());
     EXPECT_EQ(form.ActiveControl(), &importe);
 }
 
@@ -211,7 +214,7 @@ TEST_P(KeyMap, RecordClipboardPastesByPositionAndLeavesIndexFieldsAlone) {
     table_->Refresh();
     table_->First();
     EXPECT_TRUE(pulsar(Qt::Key_C, Qt::ControlModifier | Qt::AltModifier));
-    EXPECT_EQ(EstadoTecladoSesion().Portapapeles, QStringLiteral("5|Helada|NO|Parada|"));
+    EXPECT_EQ(sesion_->Teclado().Portapapeles, QStringLiteral("5|Helada|NO|Parada|"));
 
     ok(QStringLiteral("INSERT INTO PRULINEA (CodigoObra, Linea, Texto) VALUES ('8', '2', 'x')"));
     Form lineas(QStringLiteral("fPRULINEA"));
@@ -235,7 +238,21 @@ TEST_P(KeyMap, RecordClipboardPastesByPositionAndLeavesIndexFieldsAlone) {
     ok(QStringLiteral("DELETE FROM INCIDENC"));
     table_->Refresh();
     pulsar(Qt::Key_C, Qt::ControlModifier | Qt::AltModifier);
-    EXPECT_TRUE(EstadoTecladoSesion().Portapapeles.isEmpty());
+    EXPECT_TRUE(sesion_->Teclado().Portapapeles.isEmpty());
+}
+
+TEST_P(KeyMap, TheKeyboardStateBelongsToItsSession) {
+    incidencia(5, QStringLiteral("Helada"), QStringLiteral("NO"));
+    table_->Refresh();
+    table_->First();
+    TfGENEINIC otra(settings_, &messages_);
+    pulsar(Qt::Key_A);
+    EXPECT_TRUE(pulsar(Qt::Key_C, Qt::ControlModifier | Qt::AltModifier));
+    EXPECT_EQ(sesion_->Teclado().Portapapeles, QStringLiteral("5|Helada|NO|Parada|"));
+    EXPECT_EQ(sesion_->Teclado().UltimaTecla, static_cast<int>(Qt::Key_C));
+    EXPECT_TRUE(otra.Teclado().Portapapeles.isEmpty());
+    EXPECT_TRUE(otra.Teclado().Pulsaciones.isEmpty());
+    EXPECT_EQ(otra.Teclado().UltimaTecla, 0);
 }
 
 TEST_P(KeyMap, ShiftF5CopiesTheFieldOfTheLastRecordOfTheKeyGroup) {
@@ -432,7 +449,7 @@ TEST_P(KeyMap, WindowsNotSetAreSkippedAndSetOnesGetTheRecord) {
 
 TEST_P(KeyMap, F8InAdministratorModeCollectsControlsAndGridColumns) {
     pulsar(Qt::Key_F8);
-    EXPECT_TRUE(EstadoTecladoSesion().ControlesSeleccionados.lista().isEmpty())
+    EXPECT_TRUE(sesion_->Teclado().ControlesSeleccionados.lista().isEmpty())
         << "only in administrator mode";
     rutinas_->ModoAdministrador = true;
     messages_.answer(QStringLiteral("SI"));
@@ -440,7 +457,7 @@ TEST_P(KeyMap, F8InAdministratorModeCollectsControlsAndGridColumns) {
     grid_->SelectedIndex = 1;
     messages_.answer(QStringLiteral("NO"));
     pulsar(Qt::Key_F8);
-    EXPECT_EQ(EstadoTecladoSesion().ControlesSeleccionados.lista(),
+    EXPECT_EQ(sesion_->Teclado().ControlesSeleccionados.lista(),
               (QStringList{QStringLiteral("TfPRUINCI.DBGrid1"),
                            QStringLiteral("TfPRUINCI.DBGrid1.Descripcion")}));
     DBGrid &suelta = form_->Add<DBGrid>(QStringLiteral("DBGrid2"));

@@ -8,7 +8,6 @@
 #include "core/user_fixture.h"
 #include "forms/form.h"
 #include "forms/key_map.h"
-#include "forms/keystroke_log.h"
 #include "forms/maintenance_routines.h"
 #include "forms/record_copy.h"
 #include "forms/table.h"
@@ -24,7 +23,6 @@ protected:
         UserTest::SetUp();
         if (HasFatalFailure())
             return;
-        EstadoTecladoSesion() = {};
         ok(QStringLiteral(
             "CREATE TABLE PRUOBRA (CodigoObra INTEGER NOT NULL, Nombre VARCHAR(40) DEFAULT '', "
             "Importe DOUBLE PRECISION DEFAULT 0, HoraInicio TIMESTAMP, "
@@ -45,7 +43,6 @@ protected:
     void TearDown() override {
         form_.reset();
         rutinas_.reset();
-        EstadoTecladoSesion() = {};
         UserTest::TearDown();
     }
 

@@ -2,9 +2,9 @@
 // widgets: the rights a program is opened with, and the works parameters
 // screen with the menu entries that follow it.
 #include "core/currency.h"
+#include "core/keystroke_log.h"
 #include "core/users.h"
 #include "desktop_fixture.h"
-#include "forms/keystroke_log.h"
 #include "ui/form_view.h"
 #include "works/works_parameters.h"
 
@@ -137,7 +137,6 @@ TEST_P(WorksScreens, ControlsPickedByTheAdministratorGoToTheUsersNamedAtTheEnd) 
     ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
     ini.write("[Configuración]\nModoAdministradorActivado=SI\n");
     ini.close();
-    forms::EstadoTecladoSesion() = {};
     {
         DesktopSession session(opciones(QStringLiteral("ADMIN")), &port_);
         ASSERT_TRUE(session.Arrancar());
@@ -147,7 +146,8 @@ TEST_P(WorksScreens, ControlsPickedByTheAdministratorGoToTheUsersNamedAtTheEnd) 
         ASSERT_NE(grid, nullptr);
         grid->setFocus();
         QTest::keyClick(grid, Qt::Key_F8);
-        const QStringList elegidos = forms::EstadoTecladoSesion().ControlesSeleccionados.lista();
+        const QStringList elegidos =
+            session.aplicacion().sesion().Teclado().ControlesSeleccionados.lista();
         ASSERT_EQ(elegidos.size(), 1);
         EXPECT_TRUE(elegidos.first().startsWith(QStringLiteral("TfOBRAUNID.DBGrid1")))
             << elegidos.first().toStdString();
@@ -162,7 +162,6 @@ TEST_P(WorksScreens, ControlsPickedByTheAdministratorGoToTheUsersNamedAtTheEnd) 
                      QStringLiteral("ControlesNoVisibles"), guardada);
         EXPECT_TRUE(guardada.contains(elegidos.first())) << guardada.toStdString();
     }
-    forms::EstadoTecladoSesion() = {};
 }
 
 TEST_P(WorksScreens, TheCurrencyEntryInvertsShowsItsPanelAndTellsTheOpenScreens) {

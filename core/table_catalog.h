@@ -1,16 +1,17 @@
 #pragma once
 // What a table's columns are declared as, read from the back-end's catalog:
 // the field type word, the size of text columns and whether a value is
-// required. The statement per back-end and the type words are data.
+// required. The catalog statement of each back-end is in its traits
+// (backend.h); the declared-type words are the table below, shared by both.
 
 #include "core/backend.h"
 #include "core/database.h"
 #include "core/field_types.h"
 
-#include <QHash>
+#include <QList>
 #include <QString>
 
-namespace co::forms {
+namespace co {
 
 struct DeclaredColumn {
     QString name; // in the schema's spelling
@@ -29,13 +30,4 @@ DeclaredColumn TipoDeclarado(const QString &declared);
 QList<DeclaredColumn> ColumnasDeclaradas(TModuloDatos &datos, const QString &tabla,
                                          const QString &conexion, bool releer = false);
 
-// How the back-end keeps two writers of one row apart: with a row lock taken on
-// entering Edit (`lockSuffix` added to a SELECT of the row), or by checking at
-// post that the row still holds the values read.
-struct RecordLocking {
-    bool pessimistic = false;
-    QString lockSuffix;
-};
-const RecordLocking &BloqueoRegistros(Backend backend);
-
-} // namespace co::forms
+} // namespace co

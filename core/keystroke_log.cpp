@@ -1,11 +1,6 @@
-#include "forms/keystroke_log.h"
+#include "core/keystroke_log.h"
 
-namespace co::forms {
-
-EstadoTeclado &EstadoTecladoSesion() {
-    static EstadoTeclado estado;
-    return estado;
-}
+namespace co {
 
 int CodigoTeclaVirtual(const Tecla &t) {
     const int k = t.key;
@@ -97,4 +92,4 @@ QString EstadoTeclado::UltimaPalabra() const {
     return palabras.isEmpty() ? QString() : palabras.last();
 }
 
-} // namespace co::forms
+} // namespace co

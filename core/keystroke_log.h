@@ -2,19 +2,28 @@
 // The keyboard state a session keeps for its record screens: the keystroke log
 // (read by the coded-text key in grids), the record clipboard, the controls
 // picked for hiding in administrator mode and the user's option that keeps the
-// keypad point as a point. One desktop process runs one session, so the state
-// is process-wide; tests reset it with `EstadoTecladoSesion() = {}`.
+// keypad point as a point. The session object owns it (`TfGENEINIC::Teclado`)
+// and the key routines are handed it; nothing here is process-wide.
 //
 // Key codes are the classic virtual key codes the log is defined on: letters
 // and digits as their upper-case characters, keypad digits 96-105, keypad
 // operators 106-111 (110 the decimal point), F1-F11 112-122, arrows 37-40.
 
 #include "core/hidden_controls.h"
-#include "forms/key_map.h"
 
 #include <QString>
+#include <Qt>
 
-namespace co::forms {
+namespace co {
+
+// A key as Qt gives it (qnamespace.h, QtCore): the view passes
+// QKeyEvent::key() and QKeyEvent::modifiers() as they are.
+struct Tecla {
+    int key = 0;
+    Qt::KeyboardModifiers modifiers;
+    // The key came from the numeric keypad (Qt::KeypadModifier is also set then).
+    bool tecladoNumerico() const { return modifiers.testFlag(Qt::KeypadModifier); }
+};
 
 struct EstadoTeclado {
     QString Pulsaciones;  // the keystroke log
@@ -31,9 +40,7 @@ struct EstadoTeclado {
     QString UltimaPalabra() const;
 };
 
-EstadoTeclado &EstadoTecladoSesion();
-
 // The virtual key code of a Qt key; 0 for keys without one.
 int CodigoTeclaVirtual(const Tecla &tecla);
 
-} // namespace co::forms
+} // namespace co
