@@ -9,6 +9,7 @@
 #include "forms/form.h"
 #include "forms/maintenance_routines.h"
 #include "forms/table.h"
+#include "support/layer_fixture.h"
 
 #include <QStringList>
 #include <memory>
@@ -18,8 +19,8 @@ namespace co::test {
 template <class Pantalla> class ScreenTest {
 public:
     explicit ScreenTest(TModuloDatos &datos)
-        : datos_(datos), creador_(datos, QStringLiteral(CO_SOURCE_DIR "/data")),
-          apertura_(datos, creador_), form_(std::make_unique<Pantalla>(datos)) {}
+        : datos_(datos), creador_(datos, kCarpetaDatos), apertura_(datos, creador_),
+          form_(std::make_unique<Pantalla>(datos)) {}
 
     Pantalla &form() { return *form_; }
     AperturaTablas &opening() { return apertura_; }
