@@ -3,6 +3,7 @@
 // sink that drops the pages (the floor: the engine without the PDF). The
 // listing-table case runs the real road on the embedded back-end: fill the
 // temporary table once from a source table, then compose from it by blocks.
+#include "bench_installation.h"
 #include "core/table_creation.h"
 #include "output/listing_table.h"
 #include "output/pdf_writer.h"
