@@ -13,45 +13,55 @@ std::map<Backend, std::unique_ptr<BenchInstallation>> &installations() {
     static std::map<Backend, std::unique_ptr<BenchInstallation>> all;
     return all;
 }
+
+bool fallo(const QString &motivo) {
+    std::fprintf(stderr, "%s\n", qPrintable(motivo));
+    return false;
+}
 } // namespace
 
-std::optional<InstallationSettings> AjustesBanco(Backend backend, const QString &folder, const QString &prefijo) {
+BenchInstallation::~BenchInstallation() {
+    if (datos)
+        datos->setTableCreator(nullptr);
+}
+
+bool AbrirInstalacion(BenchInstallation &inst, Backend backend, const QString &prefijo) {
     InstallationSettings s;
-    s.PathBaseDatosGeneral = folder;
+    s.PathBaseDatosGeneral = inst.dir.path();
     s.AliasBaseDatosGeneral = prefijo + QStringLiteral("general");
     s.AliasBaseDatos = prefijo + QStringLiteral("empresa");
     if (backend == Backend::PostgreSQL) {
         const char *pg = std::getenv("CO_TEST_PG");
         if (!pg)
-            return std::nullopt;
+            return fallo(QStringLiteral("PostgreSQL: no CO_TEST_PG"));
         s.TipoBaseDatos = QStringLiteral("PostgreSQL");
         s.ServidorBaseDatos = QString::fromLocal8Bit(pg);
     }
     QString motivo;
-    if (!CrearInstalacion(s, &motivo)) {
-        std::fprintf(stderr, "%s\n", qPrintable(motivo));
-        return std::nullopt;
-    }
-    return s;
+    if (!CrearInstalacion(s, &motivo))
+        return fallo(motivo);
+    inst.sesion = std::make_unique<TfGENEINIC>(s, &inst.messages);
+    if (!inst.sesion->Conectar(&motivo))
+        return fallo(motivo);
+    inst.sesion->CodigoUsuario = QStringLiteral("BENCH");
+    inst.datos = std::make_unique<TModuloDatos>(*inst.sesion);
+    inst.creador = std::make_unique<CreadorTablas>(*inst.datos, QStringLiteral(CO_DATA_DIR));
+    inst.datos->setTableCreator(inst.creador.get());
+    const auto raw = inst.sesion->conexion(QStringLiteral("Database"), Canal::Principal, &motivo);
+    if (!raw)
+        return fallo(motivo);
+    inst.raw = *raw;
+    return true;
 }
 
 BenchInstallation *SharedInstallation(Backend backend) {
     auto &slot = installations()[backend];
-    if (slot)
-        return slot.get();
-    auto inst = std::make_unique<BenchInstallation>();
-    const auto s = AjustesBanco(backend, inst->dir.path(), QStringLiteral("bench"));
-    if (!s)
-        return nullptr;
-    inst->sesion = std::make_unique<TfGENEINIC>(*s, &inst->messages);
-    QString motivo;
-    if (!inst->sesion->Conectar(&motivo)) {
-        std::fprintf(stderr, "%s\n", qPrintable(motivo));
-        return nullptr;
+    if (!slot) {
+        auto inst = std::make_unique<BenchInstallation>();
+        if (!AbrirInstalacion(*inst, backend, QStringLiteral("bench")))
+            return nullptr;
+        slot = std::move(inst);
     }
-    inst->datos = std::make_unique<TModuloDatos>(*inst->sesion);
-    inst->raw = *inst->sesion->conexion(QStringLiteral("Database"), Canal::Principal, &motivo);
-    slot = std::move(inst);
     return slot.get();
 }
 

@@ -51,17 +51,9 @@ bool fallo(const char *que, const QString &motivo) {
 
 bool hacer(DatosDemo &d, Backend backend) {
     BenchInstallation &i = d.instalacion;
-    const auto s = AjustesBanco(backend, i.dir.path(), QStringLiteral("demo"));
-    if (!s)
+    if (!AbrirInstalacion(i, backend, QStringLiteral("demo")))
         return false;
-    i.sesion = std::make_unique<TfGENEINIC>(*s, &i.messages);
     QString motivo;
-    if (!i.sesion->Conectar(&motivo))
-        return fallo("connection", motivo);
-    i.datos = std::make_unique<TModuloDatos>(*i.sesion);
-    d.creador = std::make_unique<CreadorTablas>(*i.datos, QStringLiteral(CO_DATA_DIR));
-    i.datos->setTableCreator(d.creador.get());
-    i.raw = *i.sesion->conexion(QStringLiteral("Database"), Canal::Principal, &motivo);
 
     const demo::PlanDemo plan = demo::CrearPlan(1);
     SinDestino nada;
@@ -126,9 +118,6 @@ DatosDemo *DemoBanco(Backend backend) {
 }
 
 void LiberarDemo() {
-    for (auto &[backend, d] : todos())
-        if (d && d->instalacion.datos)
-            d->instalacion.datos->setTableCreator(nullptr);
     todos().clear();
 }
 

@@ -9,7 +9,6 @@
 // tables are emptied.
 
 #include "bench_installation.h"
-#include "core/table_creation.h"
 
 #include <memory>
 
@@ -17,7 +16,6 @@ namespace co::bench {
 
 struct DatosDemo {
     BenchInstallation instalacion;
-    std::unique_ptr<CreadorTablas> creador;
     double escala = 0;
     qint64 filasPartes = 0;   // report rows written
     double segundosDemo = 0;  // the demo command's work: masters, works, reports

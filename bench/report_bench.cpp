@@ -3,17 +3,15 @@
 // sink that drops the pages (the floor: the engine without the PDF). The
 // listing-table case runs the real road on the embedded back-end: fill the
 // temporary table once from a source table, then compose from it by blocks.
+#include "bench_installation.h"
 #include "core/table_creation.h"
 #include "output/listing_table.h"
 #include "output/pdf_writer.h"
 #include "output/report_composer.h"
 #include "peak_memory.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -111,34 +109,10 @@ void run(benchmark::State &state, bool pdf) {
 }
 
 // An embedded installation whose table BENCHREP holds `count` rows like rows().
-struct Instalacion {
-    QTemporaryDir dir;
-    ScriptedMessages messages;
-    std::unique_ptr<TfGENEINIC> sesion;
-    std::unique_ptr<TModuloDatos> datos;
-    std::unique_ptr<CreadorTablas> creador;
-};
-
-std::unique_ptr<Instalacion> instalacion(qint64 count) {
-    auto inst = std::make_unique<Instalacion>();
-    InstallationSettings s;
-    s.PathBaseDatosGeneral = inst->dir.path();
-    s.AliasBaseDatosGeneral = QStringLiteral("benchrepgeneral");
-    s.AliasBaseDatos = QStringLiteral("benchrepempresa");
-    QString motivo;
-    if (!CrearInstalacion(s, &motivo))
+std::unique_ptr<co::bench::BenchInstallation> instalacion(qint64 count) {
+    auto inst = std::make_unique<co::bench::BenchInstallation>();
+    if (!co::bench::AbrirInstalacion(*inst, Backend::SQLite, QStringLiteral("benchrep")))
         return nullptr;
-    inst->sesion = std::make_unique<TfGENEINIC>(s, &inst->messages);
-    if (!inst->sesion->Conectar(&motivo))
-        return nullptr;
-    inst->sesion->CodigoUsuario = QStringLiteral("BENCH");
-    inst->datos = std::make_unique<TModuloDatos>(*inst->sesion);
-    // The structure files: beside the sources, or above the build tree's binary.
-    QString datos = QFileInfo(QStringLiteral(__FILE__)).dir().filePath(QStringLiteral("../data"));
-    if (!QFileInfo::exists(datos + QStringLiteral("/DATABASE.TXT")))
-        datos = QCoreApplication::applicationDirPath() + QStringLiteral("/../../../data");
-    inst->creador = std::make_unique<CreadorTablas>(*inst->datos, datos);
-    inst->datos->setTableCreator(inst->creador.get());
     inst->datos->EjecutarSQL(QStringLiteral("CREATE TABLE BENCHREP (Numero INTEGER, CodigoObra "
                                             "INTEGER, Descripcion VARCHAR(60), Importe FLOAT)"));
     inst->datos->EjecutarSQL(
@@ -151,7 +125,7 @@ std::unique_ptr<Instalacion> instalacion(qint64 count) {
 
 void BM_ListingTableToPdf(benchmark::State &state) {
     const qint64 count = state.range(0);
-    std::unique_ptr<Instalacion> inst = instalacion(count);
+    std::unique_ptr<co::bench::BenchInstallation> inst = instalacion(count);
     if (!inst) {
         state.SkipWithError("no installation");
         return;

@@ -7,14 +7,12 @@
 //   Unlogged (PostgreSQL): the same as an UNLOGGED table.
 //   Materializar: MaterializarConsultaTemporal on the open query, layer included.
 // Compare each against Private of the same back-end in the same run.
-#include "core/materialised_query.h"
 #include "bench_installation.h"
+#include "core/materialised_query.h"
 #include "core/session.h"
 #include "core/table_creation.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QTemporaryDir>
@@ -30,13 +28,8 @@ using co::Backend;
 constexpr int kRows = 10000;
 const QString kFuente = QStringLiteral("SELECT Codigo, Nombre, Importe, Fecha FROM BENCHTMP");
 
-struct Instalacion {
-    QTemporaryDir dir;
-    co::ScriptedMessages messages;
-    std::unique_ptr<co::TfGENEINIC> sesion;
-    std::unique_ptr<co::TModuloDatos> datos;
-    std::unique_ptr<co::CreadorTablas> creador;
-    QSqlDatabase empresa, general;
+struct Instalacion : co::bench::BenchInstallation {
+    QSqlDatabase general;
     co::Consulta abierta;
 };
 
@@ -50,19 +43,9 @@ Instalacion *instalacion(Backend backend) {
     if (instalaciones.size() == 1)
         qAddPostRoutine([] { instalaciones.clear(); });
     auto inst = std::make_unique<Instalacion>();
-    const auto s = co::bench::AjustesBanco(backend, inst->dir.path(), QStringLiteral("benchtmp"));
-    if (!s)
+    if (!co::bench::AbrirInstalacion(*inst, backend, QStringLiteral("benchtmp")))
         return nullptr;
-    inst->sesion = std::make_unique<co::TfGENEINIC>(*s, &inst->messages);
     QString motivo;
-    if (!inst->sesion->Conectar(&motivo))
-        return nullptr;
-    inst->sesion->CodigoUsuario = QStringLiteral("BENCH");
-    inst->datos = std::make_unique<co::TModuloDatos>(*inst->sesion);
-    inst->creador = std::make_unique<co::CreadorTablas>(
-        *inst->datos,
-        QFileInfo(QStringLiteral(__FILE__)).dir().filePath(QStringLiteral("../data")));
-    inst->datos->setTableCreator(inst->creador.get());
     co::TModuloDatos &d = *inst->datos;
     d.EjecutarSQL(QStringLiteral("DROP TABLE IF EXISTS BENCHTMP"), {},
                   QStringLiteral("Silenciosa"));
@@ -76,8 +59,6 @@ Instalacion *instalacion(Backend backend) {
                           .arg(i * 1.25)
                           .arg(1 + i % 28, 2, 10, QLatin1Char('0')));
     inst->sesion->FinalizarTransaccion();
-    inst->empresa =
-        *inst->sesion->conexion(QStringLiteral("Database"), co::Canal::Principal, &motivo);
     inst->general =
         *inst->sesion->conexion(QStringLiteral("DatabaseGeneral"), co::Canal::Principal, &motivo);
     inst->abierta.SQL = kFuente;
@@ -113,10 +94,10 @@ void privada(benchmark::State &state, Backend backend) {
         return;
     }
     for (auto _ : state) {
-        exec(inst->empresa, QStringLiteral("DROP TABLE IF EXISTS TEMPBENCHP"));
-        exec(inst->empresa, QStringLiteral("CREATE TEMP TABLE TEMPBENCHP ") + kColumnas);
-        exec(inst->empresa, QStringLiteral("INSERT INTO TEMPBENCHP ") + kFuente);
-        leer(inst->empresa, QStringLiteral("SELECT * FROM TEMPBENCHP"));
+        exec(inst->raw, QStringLiteral("DROP TABLE IF EXISTS TEMPBENCHP"));
+        exec(inst->raw, QStringLiteral("CREATE TEMP TABLE TEMPBENCHP ") + kColumnas);
+        exec(inst->raw, QStringLiteral("INSERT INTO TEMPBENCHP ") + kFuente);
+        leer(inst->raw, QStringLiteral("SELECT * FROM TEMPBENCHP"));
     }
 }
 
@@ -131,8 +112,8 @@ void general(benchmark::State &state, Backend backend, const QString &clase) {
         exec(inst->general, QStringLiteral("DROP TABLE IF EXISTS TEMPBENCHG"));
         exec(inst->general,
              QStringLiteral("CREATE ") + clase + QStringLiteral("TABLE TEMPBENCHG ") + kColumnas);
-        exec(inst->empresa, QStringLiteral("INSERT INTO ") + cualificada + u' ' + kFuente);
-        leer(inst->empresa, QStringLiteral("SELECT * FROM ") + cualificada);
+        exec(inst->raw, QStringLiteral("INSERT INTO ") + cualificada + u' ' + kFuente);
+        leer(inst->raw, QStringLiteral("SELECT * FROM ") + cualificada);
     }
 }
 

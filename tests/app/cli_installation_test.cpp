@@ -2,8 +2,7 @@
 // meets it: settings that would reach statements, folders that do not exist, a
 // server that never answers, files that never end. Each must be refused with a
 // message naming what is wrong, and leave nothing made behind it.
-#include "support/cli_run.h"
-#include "support/layer_fixture.h"
+#include "support/cli_installation.h"
 #include "support/test_postgres.h"
 
 #include <QDir>
@@ -37,19 +36,7 @@ CliResult cli(const QStringList &args, int waitMs = 120000) {
 class Server {
 public:
     Server() : name_(test::uniqueName(QStringLiteral("srv"))) {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), name_);
-        for (const QString &word : test::postgresConnInfo().split(u' ')) {
-            const QString key = word.section(u'=', 0, 0), value = word.section(u'=', 1);
-            if (key == u"host")
-                db.setHostName(value);
-            else if (key == u"port")
-                db.setPort(value.toInt());
-            else if (key == u"user")
-                db.setUserName(value);
-            else if (key == u"dbname")
-                db.setDatabaseName(value);
-        }
-        EXPECT_TRUE(db.open());
+        EXPECT_TRUE(test::serverConnection(name_, test::postgresConnInfo()).open());
     }
     ~Server() { QSqlDatabase::removeDatabase(name_); }
     void exec(const QString &sql) {
@@ -66,19 +53,8 @@ private:
     QString name_;
 };
 
-class HostileInstallation : public ::testing::TestWithParam<Backend> {
+class HostileInstallation : public test::CliInstallationTest {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(dir_.isValid());
-        settings_ = test::freshInstallation(GetParam(), dir_.path());
-        if (pg()) {
-            ASSERT_TRUE(EscribirInstalacion(dir_.path(), settings_));
-        }
-        const CliResult r = cli({QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()});
-        ASSERT_EQ(r.status, 0) << r.err.toStdString();
-    }
-    void TearDown() override { test::dropInstallation(settings_); }
-
     bool pg() const { return GetParam() == Backend::PostgreSQL; }
     QString path(const QString &name) const { return dir_.filePath(name); }
     // INSTALACION as init wrote it, with `key` set to `value`.
@@ -98,10 +74,6 @@ protected:
         ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
         f.write((lines.join(u'\n') + u'\n').toUtf8());
     }
-    CliResult sql(const QStringList &more, int waitMs = 120000) {
-        return cli(QStringList{QStringLiteral("sql"), QStringLiteral("--dir"), dir_.path()} + more,
-                   waitMs);
-    }
     // What the folder holds, less the journal files SQLite keeps while it works.
     QStringList entries() const {
         QStringList out;
@@ -112,9 +84,6 @@ protected:
                 out << e;
         return out;
     }
-
-    QTemporaryDir dir_;
-    InstallationSettings settings_;
 };
 
 // ---- names that reach statements --------------------------------------------
@@ -236,7 +205,7 @@ TEST_P(HostileInstallation, AGeneralFolderThatCannotBeMadeSaysWhy) {
     ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
     blocker.close();
     rewrite(QStringLiteral("PathBaseDatosGeneral"), path(QStringLiteral("archivo/datos")));
-    const CliResult r = cli({QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()});
+    const CliResult r = cli(QStringLiteral("init"));
     EXPECT_EQ(r.status, 1);
     EXPECT_TRUE(r.err.contains(QStringLiteral("no es una carpeta"))) << r.err.toStdString();
     EXPECT_TRUE(r.err.contains(QStringLiteral("PathBaseDatosGeneral"))) << r.err.toStdString();
@@ -273,16 +242,13 @@ TEST_P(HostileInstallation, AHugeSettingsFileIsRefused) {
     EXPECT_TRUE(r.err.contains(QStringLiteral("ocupa más de"))) << r.err.toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, HostileInstallation,
-                         ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
-                         test::backendName);
+CO_ON_BOTH_BACKENDS(HostileInstallation);
 
 // ---- the password of the server --------------------------------------------------
 
 TEST(InstallationFile, APasswordIsKeptOutOfItAndItsIniFileReadableByItsOwnerAlone) {
     QTemporaryDir dir;
-    InstallationSettings s = test::freshInstallation(Backend::PostgreSQL, dir.path());
-    ASSERT_TRUE(EscribirInstalacion(dir.path(), s));
+    InstallationSettings s = test::installationFolder(Backend::PostgreSQL, dir.path());
     ::chmod(QFile::encodeName(dir.filePath(QStringLiteral("INSTALACION"))).constData(), 0644);
     const CliResult r = cli({QStringLiteral("init"), QStringLiteral("--dir"), dir.path(),
                              QStringLiteral("--servidor"),

@@ -1,9 +1,7 @@
 // `control-obras-cli listado-tarifas` on both back-ends: the rate listing of
 // the first company written as a PDF whose text holds the listing's lines, the
 // message of an empty listing, and a PDF path that cannot be written.
-#include "support/cli_run.h"
-#include "support/layer_fixture.h"
-#include "support/test_postgres.h"
+#include "support/cli_installation.h"
 
 #include <QFile>
 #include <QProcess>
@@ -19,28 +17,15 @@ Salida ejecutar(const QString &programa, const QStringList &args) {
     return test::Ejecutar(args, programa);
 }
 
-class CliRateListing : public ::testing::TestWithParam<Backend> {
+class CliRateListing : public test::CliInstallationTest {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(dir_.isValid());
-        settings_ = test::freshInstallation(GetParam(), dir_.path());
-        ASSERT_TRUE(EscribirInstalacion(dir_.path(), settings_));
-        const Salida init = cli({QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()});
-        ASSERT_EQ(init.status, 0) << init.err.toStdString();
-    }
-    void TearDown() override { test::dropInstallation(settings_); }
-    Salida cli(const QStringList &args) { return ejecutar(QStringLiteral(CO_CLI_PATH), args); }
     void sql(const QString &sentencia) {
-        const Salida r =
-            cli({QStringLiteral("sql"), QStringLiteral("--dir"), dir_.path(), sentencia});
+        const Salida r = CliInstallationTest::sql({sentencia});
         ASSERT_EQ(r.status, 0) << sentencia.toStdString() << r.err.toStdString();
     }
     Salida listado(const QString &pdf) {
-        return cli({QStringLiteral("listado-tarifas"), QStringLiteral("--dir"), dir_.path(),
-                    QStringLiteral("--pdf"), pdf});
+        return cli(QStringLiteral("listado-tarifas"), {QStringLiteral("--pdf"), pdf});
     }
-    QTemporaryDir dir_;
-    InstallationSettings settings_;
 };
 
 TEST_P(CliRateListing, WritesAPdfWithTheRatesTheirLinesAndSums) {
@@ -104,9 +89,7 @@ TEST_P(CliRateListing, AFullDeviceIsAFailureNotASuccess) {
         << lleno.err.toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, CliRateListing,
-                         ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
-                         test::backendName);
+CO_ON_BOTH_BACKENDS(CliRateListing);
 
 } // namespace
 } // namespace co

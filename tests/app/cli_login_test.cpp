@@ -2,9 +2,7 @@
 // bursts of processes guessing one user's password at once, runs with nobody
 // to type a password, an environment that claims another identity, and blank
 // user codes.
-#include "support/cli_run.h"
-#include "support/layer_fixture.h"
-#include "support/test_postgres.h"
+#include "support/cli_installation.h"
 
 #include <QDir>
 #include <QFile>
@@ -29,14 +27,12 @@ CliRun finish(QProcess &p) {
     return test::TerminarProceso(p);
 }
 
-class CliLogin : public ::testing::TestWithParam<Backend> {
+class CliLogin : public test::CliInstallationTest {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(dir_.isValid());
-        settings_ = test::freshInstallation(GetParam(), dir_.path());
-        ASSERT_TRUE(EscribirInstalacion(dir_.path(), settings_));
-        const CliRun init = run({QStringLiteral("init")}, {});
-        ASSERT_EQ(init.status, 0) << init.err.toStdString();
+        CliInstallationTest::SetUp();
+        if (HasFatalFailure())
+            return;
         // EVA may enter company 1; her password is kept as a hash after her
         // first login, so that each check takes the time a real one takes.
         general(QStringLiteral("INSERT INTO USUARIO (Codigo, Nombre, Categoria, ClaveAcceso, "
@@ -46,8 +42,6 @@ protected:
         ASSERT_TRUE(general(QStringLiteral("SELECT ClaveAcceso FROM USUARIO WHERE Codigo = 'EVA'"))
                         .startsWith(QStringLiteral("$argon2id$")));
     }
-    void TearDown() override { test::dropInstallation(settings_); }
-
     // A started run of `command` on the installation; `env` replaces the
     // variables it names (an empty value removes one).
     std::unique_ptr<QProcess> start(const QStringList &command,
@@ -104,9 +98,6 @@ protected:
             runs.push_back(finish(*p));
         return runs;
     }
-
-    QTemporaryDir dir_;
-    InstallationSettings settings_;
 };
 
 struct Outcomes {
@@ -236,9 +227,7 @@ TEST_P(CliLogin, BlankUserCodeIsToldAndNeverBecomesTheFirstUser) {
     EXPECT_TRUE(padded.out.contains(QStringLiteral("(EVA)"))) << padded.out.toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, CliLogin,
-                         ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
-                         test::backendName);
+CO_ON_BOTH_BACKENDS(CliLogin);
 
 } // namespace
 } // namespace co

@@ -1,8 +1,6 @@
 // The command-line statement runner, as scripts use it: exact result text on
 // standard output, a non-zero status for "Error." results, on both back-ends.
-#include "support/cli_run.h"
-#include "support/layer_fixture.h"
-#include "support/test_postgres.h"
+#include "support/cli_installation.h"
 
 #include <QFile>
 #include <QProcess>
@@ -18,25 +16,7 @@ CliRun cli(const QStringList &args) {
     return test::Ejecutar(args);
 }
 
-class CommandLine : public ::testing::TestWithParam<Backend> {
-protected:
-    void SetUp() override {
-        ASSERT_TRUE(dir_.isValid());
-        settings_ = test::freshInstallation(GetParam(), dir_.path());
-        QStringList init = {QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()};
-        if (GetParam() == Backend::PostgreSQL) {
-            ASSERT_TRUE(EscribirInstalacion(dir_.path(), settings_));
-        }
-        const CliRun r = cli(init);
-        ASSERT_EQ(r.status, 0) << r.err.toStdString();
-    }
-    void TearDown() override { test::dropInstallation(settings_); }
-    CliRun sql(const QStringList &more) {
-        return cli(QStringList{QStringLiteral("sql"), QStringLiteral("--dir"), dir_.path()} + more);
-    }
-    QTemporaryDir dir_;
-    InstallationSettings settings_;
-};
+using CommandLine = test::CliInstallationTest;
 
 TEST_P(CommandLine, InitMakesTheFirstCompanyAndSqlPrintsResultsAsTheyAre) {
     EXPECT_EQ(sql({QStringLiteral("SELECT Codigo FROM EMPRESA")}).out, QStringLiteral("1"));
@@ -113,9 +93,7 @@ TEST_P(CommandLine, StatementsThatCannotBeTakenAsWrittenAreRefusedUnrun) {
     EXPECT_EQ(sql({QStringLiteral("SELECT Descripcion FROM OBRA")}).out, QStringLiteral("Nave"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, CommandLine,
-                         ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
-                         test::backendName);
+CO_ON_BOTH_BACKENDS(CommandLine);
 
 TEST(CommandLineUsage, BadArgumentsAreRefused) {
     EXPECT_EQ(cli({}).status, 2);
@@ -150,7 +128,7 @@ TEST(CommandLineUsage, UnsupportedBackEndIsNamed) {
 namespace co {
 namespace {
 
-class CommandLineLogin : public CommandLine {};
+class CommandLineLogin : public test::CliInstallationTest {};
 
 TEST_P(CommandLineLogin, UsersLogInAndOnlyAdministratorsRunStatements) {
     // A user of the "Normal" category with a password, who may enter company 1.
@@ -199,21 +177,19 @@ TEST_P(CommandLineLogin, CompaniesOutsideTheUsersListAreRefused) {
 }
 
 TEST_P(CommandLineLogin, DictionaryLoadsOnce) {
-    EXPECT_EQ(cli({QStringLiteral("diccionario"), QStringLiteral("--dir"), dir_.path()}).status, 0);
-    EXPECT_EQ(cli({QStringLiteral("diccionario"), QStringLiteral("--dir"), dir_.path()}).status, 0);
+    EXPECT_EQ(cli(QStringLiteral("diccionario")).status, 0);
+    EXPECT_EQ(cli(QStringLiteral("diccionario")).status, 0);
     const QString n =
         sql({QStringLiteral("--conexion"), QStringLiteral("DatabaseGeneral"),
              QStringLiteral("SELECT COUNT(*) FROM TXIDIOMA WHERE ClaveTexto = 'Maestro de Obras'")})
             .out;
     EXPECT_EQ(n, QStringLiteral("1"));
-    const CliRun missing = cli({QStringLiteral("diccionario"), QStringLiteral("--dir"), dir_.path(),
-                                QStringLiteral("--idioma"), QStringLiteral("Klingon")});
+    const CliRun missing =
+        cli(QStringLiteral("diccionario"), {QStringLiteral("--idioma"), QStringLiteral("Klingon")});
     EXPECT_EQ(missing.status, 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, CommandLineLogin,
-                         ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
-                         test::backendName);
+CO_ON_BOTH_BACKENDS(CommandLineLogin);
 
 } // namespace
 } // namespace co

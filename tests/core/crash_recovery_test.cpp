@@ -17,7 +17,7 @@
 #include "core/installation.h"
 #include "core/structure_files.h"
 #include "core/users.h"
-#include "support/layer_fixture.h"
+#include "support/cli_installation.h"
 #include "support/schema_check.h"
 
 #include <QElapsedTimer>
@@ -101,8 +101,7 @@ protected:
 
     // A new installation folder with its parameters written, as init finds it.
     InstallationSettings nueva(const QTemporaryDir &dir) {
-        InstallationSettings s = test::freshInstallation(GetParam(), dir.path());
-        EXPECT_TRUE(EscribirInstalacion(dir.path(), s));
+        const InstallationSettings s = test::installationFolder(GetParam(), dir.path());
         hechas_ << s;
         return s;
     }

@@ -107,15 +107,15 @@ TEST(GeneralParametersSaveRules, SameEuroAndNationalCurrencyIsRefused) {
     EXPECT_EQ(ComprobarGrabacionPARAGENE(unset), QString());
 }
 
-class GeneralParametersTable : public test::LayerTest {
+class GeneralParametersTable : public test::TablesOnDemandTest {
 protected:
     void SetUp() override {
-        LayerTest::SetUp();
+        TablesOnDemandTest::SetUp();
         if (HasFatalFailure())
             return;
-        CreadorTablas creador(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
         QString motivo;
-        ASSERT_TRUE(creador.CrearTabla(QStringLiteral("PARAGENE"), {}, {}, &motivo)) << motivo.toStdString();
+        ASSERT_TRUE(creador_->CrearTabla(QStringLiteral("PARAGENE"), {}, {}, &motivo))
+            << motivo.toStdString();
     }
     QVariantHash record() {
         const std::optional<QVariantHash> r = LeerParametrosGenerales(*datos_);

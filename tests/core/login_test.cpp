@@ -347,14 +347,13 @@ protected:
         if (HasFatalFailure())
             return;
         sesion_->mensajes().setPort(&hook_);
-        otraSesion_ = std::make_unique<TfGENEINIC>(settings_, &otherMessages_);
         QString motivo;
-        ASSERT_TRUE(otraSesion_->Conectar(&motivo)) << motivo.toStdString();
-        otra_ = std::make_unique<TModuloDatos>(*otraSesion_);
+        otraSesion_ = std::make_unique<test::SesionConTablas>(settings_, &motivo);
+        ASSERT_TRUE(otraSesion_->datos) << motivo.toStdString();
+        otra_ = otraSesion_->datos.get();
     }
 
     void TearDown() override {
-        otra_.reset();
         otraSesion_.reset();
         Login::TearDown();
     }
@@ -373,9 +372,8 @@ protected:
     }
 
     PromptHook hook_;
-    ScriptedMessages otherMessages_;
-    std::unique_ptr<TfGENEINIC> otraSesion_;
-    std::unique_ptr<TModuloDatos> otra_;
+    std::unique_ptr<test::SesionConTablas> otraSesion_;
+    TModuloDatos *otra_ = nullptr;
 };
 
 TEST_P(LoginWhileOthersWork, RightPasswordIsRefusedWhenOthersLockedTheUserOutMeanwhile) {

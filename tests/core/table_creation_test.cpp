@@ -15,8 +15,6 @@
 namespace co {
 namespace {
 
-const QString kDatos = QStringLiteral(CO_SOURCE_DIR "/data");
-
 class CreacionTablas : public test::TablesOnDemandTest {
 protected:
     void SetUp() override {
@@ -25,19 +23,7 @@ protected:
             return;
         settings_.NombrePrimeraEmpresa =
             QStringLiteral("Construcciones y Reformas del Norte, Sociedad Anónima");
-        rehacerSesion();
-    }
-
-    // A new session and layer on the same installation, wired to a new creator.
-    void rehacerSesion() {
-        creador_.reset();
-        datos_.reset();
-        sesion_ = std::make_unique<TfGENEINIC>(settings_, &messages_);
-        QString motivo;
-        ASSERT_TRUE(sesion_->Conectar(&motivo)) << motivo.toStdString();
-        datos_ = std::make_unique<TModuloDatos>(*sesion_);
-        creador_ = std::make_unique<CreadorTablas>(*datos_, kDatos);
-        datos_->setTableCreator(creador_.get());
+        reconnect();
     }
 
     bool existe(const QString &tabla, const QString &conexion = {}) {
@@ -311,7 +297,7 @@ TEST_P(CreacionTablas, CompanyDatabaseThatCannotBeMadeIsFatal) {
 TEST_P(CreacionTablas, NamesComeBackInSchemaCaseForTablesMadeEarlier) {
     ok(QStringLiteral("SELECT * FROM CAPITULO"));
     ok(QStringLiteral("INSERT INTO CAPITULO (CodigoObra, CodigoCapitulo) VALUES ('1', '2')"));
-    rehacerSesion();
+    reconnect();
     EXPECT_TRUE(ok(QStringLiteral("SELECT * FROM CAPITULO"), {}, QStringLiteral("FormatoINI"))
                     .startsWith(QStringLiteral("CodigoObra=1·CodigoCapitulo=2·")));
 }
@@ -362,7 +348,7 @@ TEST_P(CreacionTablas, DroppedIndexesComeBackWhenTablesAreMadeOnDemandAgain) {
     ok(QStringLiteral("DROP INDEX PARMAQOB_Clave2"));
     ok(QStringLiteral("DROP INDEX PARMAQOB_Clave4"));
     // A later run of the program: a statement that makes OBRA looks at PARMAQOB too.
-    rehacerSesion();
+    reconnect();
     EXPECT_EQ(ok(QStringLiteral("SELECT P.CodigoMaquina FROM PARMAQOB P JOIN OBRA O ON "
                                 "O.Codigo = P.CodigoObra")),
               QString());
@@ -373,7 +359,7 @@ TEST_P(CreacionTablas, DroppedIndexesComeBackWhenTablesAreMadeOnDemandAgain) {
     EXPECT_TRUE(messages_.shown().isEmpty()) << messages_.texts().join(u'\n').toStdString();
     // Asked directly, the same.
     ok(QStringLiteral("DROP INDEX PARMAQOB_Clave3"));
-    rehacerSesion();
+    reconnect();
     EXPECT_TRUE(creador_->CompletarIndices(QStringLiteral("parmaqob"), {}));
     EXPECT_EQ(test::IndicesDeTabla(*datos_, {}, QStringLiteral("PARMAQOB")), kIndicesParmaqob);
 }
@@ -389,7 +375,7 @@ TEST_P(CreacionTablas, MissingIndexesOfAGeneralTableComeBackOnTheGeneralData) {
     const QStringList indices = {QStringLiteral("USUARIO_NOMBRE")};
     ASSERT_EQ(test::IndicesDeTabla(*datos_, general, QStringLiteral("USUARIO")), indices);
     ok(QStringLiteral("DROP INDEX USUARIO_Nombre"), general);
-    rehacerSesion();
+    reconnect();
     // Named from a company statement, it is still looked for on the general data.
     EXPECT_TRUE(creador_->CompletarIndices(QStringLiteral("USUARIO"), QStringLiteral("Database")));
     EXPECT_EQ(test::IndicesDeTabla(*datos_, general, QStringLiteral("USUARIO")), indices);
@@ -403,7 +389,7 @@ TEST_P(CreacionTablas, AnIndexThatCannotBeMadeIsToldAndTheOthersWaitWithIt) {
     // Another table holds the name the index would take.
     ok(QStringLiteral("CREATE TABLE OCUPA (A INTEGER)"));
     ok(QStringLiteral("CREATE INDEX PARMAQOB_Clave2 ON OCUPA (A)"));
-    rehacerSesion();
+    reconnect();
     messages_.clear();
     EXPECT_FALSE(creador_->CompletarIndices(QStringLiteral("PARMAQOB"), {}));
     EXPECT_TRUE(
@@ -425,7 +411,7 @@ TEST_P(CreacionTablas, AnIndexOnAFieldTheTableLacksIsLeftAlone) {
     escribir(QStringLiteral("DATABASE.ESP"),
              QStringLiteral("[Definiciones Complementarias]\r\nOBRA/C/100/Zona/ftString/20/\r\n"
                             "OBRA/I/9/Zona/Zona;Codigo\r\n"));
-    rehacerSesion();
+    reconnect();
     messages_.clear();
     EXPECT_TRUE(creador_->CompletarIndices(QStringLiteral("OBRA"), {}));
     EXPECT_EQ(test::IndicesDeTabla(*datos_, {}, QStringLiteral("OBRA")),

@@ -12,8 +12,6 @@
 namespace co {
 namespace {
 
-using test::LayerTest;
-
 // A table object that opens with a plain SELECT, as a dataset would.
 class FakeTable : public TablaAbrible {
 public:
@@ -32,8 +30,9 @@ public:
             *fallo = injected;
             return false;
         }
-        const QString r = datos_.EjecutarSQL(QStringLiteral("SELECT * FROM %1 WHERE 1 = 0").arg(table_), connection_,
-                                             QStringLiteral("Silenciosa,No Crear Tabla"));
+        const QString r =
+            datos_.EjecutarSQL(QStringLiteral("SELECT * FROM %1 WHERE 1 = 0").arg(table_),
+                               connection_, QStringLiteral("Silenciosa,No Crear Tabla"));
         active_ = !r.startsWith(QStringLiteral("Error."));
         if (!active_)
             *fallo = r.section(QStringLiteral("Motivo: "), 1);
@@ -49,14 +48,17 @@ private:
     bool active_ = false;
 };
 
-class TableOpening : public LayerTest {
+class TableOpening : public test::TablesOnDemandTest {
 protected:
     void SetUp() override {
-        LayerTest::SetUp();
-        creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
-        apertura_ = std::make_unique<AperturaTablas>(*datos_, *creador_);
+        TablesOnDemandTest::SetUp();
+        if (!HasFatalFailure())
+            apertura_ = std::make_unique<AperturaTablas>(*datos_, *creador_);
     }
-    std::unique_ptr<CreadorTablas> creador_;
+    void TearDown() override {
+        apertura_.reset();
+        TablesOnDemandTest::TearDown();
+    }
     std::unique_ptr<AperturaTablas> apertura_;
 };
 
@@ -84,26 +86,35 @@ TEST_P(TableOpening, OtherFailuresAreToldAndNotedForRebuild) {
     EXPECT_FALSE(apertura_->AperturaTablaOK(dañada));
     ASSERT_EQ(messages_.shown().size(), 1);
     EXPECT_EQ(messages_.shown()[0].text,
-              QStringLiteral("Corrupt table. database disk image is malformed Tabla: PARTEOB(Table1) DataBase: Database"));
+              QStringLiteral("Corrupt table. database disk image is malformed Tabla: "
+                             "PARTEOB(Table1) DataBase: Database"));
     FakeTable otra(*datos_, QStringLiteral("OBRA"));
     otra.injected = QStringLiteral("Index is out of date");
     apertura_->AperturaTablaOK(otra);
     apertura_->AperturaTablaOK(dañada);
     const std::optional<QString> noted =
-        IniFile::load(sesion_->ArchivoINI).value(QStringLiteral("Reconstrucción Automática de Tablas"), QStringLiteral("Tablas"));
+        IniFile::load(sesion_->ArchivoINI)
+            .value(QStringLiteral("Reconstrucción Automática de Tablas"), QStringLiteral("Tablas"));
     if (backend() == Backend::SQLite) {
         ASSERT_TRUE(noted.has_value());
-        EXPECT_EQ(*noted, sesion_->PathBaseDatos + QStringLiteral("\\OBRA,") + sesion_->PathBaseDatos + QStringLiteral("\\PARTEOB"));
+        EXPECT_EQ(*noted, sesion_->PathBaseDatos + QStringLiteral("\\OBRA,") +
+                              sesion_->PathBaseDatos + QStringLiteral("\\PARTEOB"));
     } else {
         EXPECT_FALSE(noted.has_value());
     }
 }
 
 TEST_P(TableOpening, AFormOpensAllItsTablesOrCloses) {
-    FakeTable t1(*datos_, QStringLiteral("OBRA")), t2(*datos_, QStringLiteral("PARAGENE")), t3(*datos_, QStringLiteral("CAPITULO"));
+    FakeTable t1(*datos_, QStringLiteral("OBRA")), t2(*datos_, QStringLiteral("PARAGENE")),
+        t3(*datos_, QStringLiteral("CAPITULO"));
     bool translated = false, closed = false, prepared = false;
-    FormularioTablas form{QStringLiteral("fOBRAOBRA"), {&t1, &t2, &t3}, true, [&] { prepared = true; }, [&] { closed = true; },
-                          [&] { translated = true; }, {}};
+    FormularioTablas form{QStringLiteral("fOBRAOBRA"),
+                          {&t1, &t2, &t3},
+                          true,
+                          [&] { prepared = true; },
+                          [&] { closed = true; },
+                          [&] { translated = true; },
+                          {}};
     EXPECT_TRUE(apertura_->AbrirTablasForm(form));
     EXPECT_TRUE(prepared && translated && !closed);
     EXPECT_TRUE(t1.Active() && t3.Active());
@@ -114,7 +125,13 @@ TEST_P(TableOpening, AFormOpensAllItsTablesOrCloses) {
     bad.injected = QStringLiteral("Table is busy");
     FakeTable after(*datos_, QStringLiteral("UNIDADOB"));
     translated = false;
-    FormularioTablas broken{QStringLiteral("fOBRAOBRA"), {&bad, &after}, true, {}, [&] { closed = true; }, [&] { translated = true; }, {}};
+    FormularioTablas broken{QStringLiteral("fOBRAOBRA"),
+                            {&bad, &after},
+                            true,
+                            {},
+                            [&] { closed = true; },
+                            [&] { translated = true; },
+                            {}};
     EXPECT_FALSE(apertura_->AbrirTablasForm(broken));
     EXPECT_TRUE(closed);
     EXPECT_FALSE(translated);
@@ -130,7 +147,8 @@ TEST_P(TableOpening, AnExistingTableGetsBackTheIndexesItLacksWhenOpened) {
     datos_->EjecutarSQL(QStringLiteral("DROP INDEX PARMAQOB_Clave4"));
     ASSERT_EQ(test::IndicesDeTabla(*datos_, {}, QStringLiteral("PARMAQOB")).size(), 1);
     // A later run of the program opens it.
-    creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
+    apertura_.reset();
+    ASSERT_NO_FATAL_FAILURE(reconnect());
     apertura_ = std::make_unique<AperturaTablas>(*datos_, *creador_);
     FakeTable otraVez(*datos_, QStringLiteral("PARMAQOB"));
     EXPECT_TRUE(apertura_->AperturaTablaOK(otraVez));

@@ -7,8 +7,6 @@
 
 namespace co::test {
 
-inline const QString kCarpetaDatos = QStringLiteral(CO_SOURCE_DIR "/data");
-
 class TemporaryTablesTest : public TablesOnDemandTest {
 protected:
     void SetUp() override {

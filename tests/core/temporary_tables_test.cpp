@@ -140,18 +140,14 @@ TEST_P(NombresTemporales, AMissingNombttemIsMadeOnFirstUse) {
 // Allocates one name per owner on a session of its own, as another user would.
 QStringList asignarEnSesion(const InstallationSettings &settings, const QStringList &propietarios,
                             const QString &usuario, QString *fallo) {
-    ScriptedMessages mensajes;
-    TfGENEINIC sesion(settings, &mensajes);
+    test::SesionConTablas otra(settings, fallo);
     QStringList nombres;
-    if (!sesion.Conectar(fallo))
+    if (!otra.datos)
         return nombres;
-    sesion.CodigoUsuario = usuario;
-    TModuloDatos datos(sesion);
-    CreadorTablas creador(datos, test::kCarpetaDatos);
-    datos.setTableCreator(&creador);
+    otra.sesion->CodigoUsuario = usuario;
     for (const QString &p : propietarios) {
         QString n;
-        if (!NombreTablaTemporal(datos, p, 0, &n, fallo))
+        if (!NombreTablaTemporal(*otra.datos, p, 0, &n, fallo))
             return nombres;
         nombres << n;
     }

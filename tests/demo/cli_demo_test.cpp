@@ -1,7 +1,5 @@
 // `control-obras-cli demo` as a script or `make run` calls it, on both back-ends.
-#include "support/cli_run.h"
-#include "support/layer_fixture.h"
-#include "support/test_postgres.h"
+#include "support/cli_installation.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -12,33 +10,15 @@ namespace {
 
 using Salida = test::CliRun;
 
-Salida cli(const QStringList &args) {
-    return test::Ejecutar(args);
-}
-
-class OrdenDemo : public ::testing::TestWithParam<Backend> {
+class OrdenDemo : public test::CliInstallationTest {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(dir_.isValid());
-        settings_ = test::freshInstallation(GetParam(), dir_.path());
-        if (GetParam() == Backend::PostgreSQL) {
-            ASSERT_TRUE(EscribirInstalacion(dir_.path(), settings_));
-        }
-        const Salida r = cli({QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()});
-        ASSERT_EQ(r.status, 0) << r.err.toStdString();
-    }
-    void TearDown() override { test::dropInstallation(settings_); }
-    Salida demo(const QStringList &mas) {
-        return cli(QStringList{QStringLiteral("demo"), QStringLiteral("--dir"), dir_.path()} + mas);
-    }
+    Salida demo(const QStringList &mas) { return cli(QStringLiteral("demo"), mas); }
     QString sql(const QString &sentencia, const QString &conexion = {}) {
-        QStringList args{QStringLiteral("sql"), QStringLiteral("--dir"), dir_.path()};
+        QStringList args;
         if (!conexion.isEmpty())
             args << QStringLiteral("--conexion") << conexion;
-        return cli(args << sentencia).out;
+        return CliInstallationTest::sql(args << sentencia).out;
     }
-    QTemporaryDir dir_;
-    InstallationSettings settings_;
 };
 
 TEST_P(OrdenDemo, FillsCompanyOneOnceAndRefusesASecondTime) {
@@ -85,9 +65,7 @@ TEST_P(OrdenDemo, BadArgumentsAreToldAndWriteNothing) {
     EXPECT_EQ(sql(QStringLiteral("SELECT COUNT(*) FROM CLIENTE")), QStringLiteral("0"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, OrdenDemo,
-                         ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
-                         test::backendName);
+CO_ON_BOTH_BACKENDS(OrdenDemo);
 
 } // namespace
 } // namespace co

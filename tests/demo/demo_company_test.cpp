@@ -1,7 +1,6 @@
 // The demo company through the statement layer on both back-ends: what it
 // writes holds together (codes, references, sizes, prices), a seed fixes it,
 // and a company with data is refused untouched.
-#include "core/table_creation.h"
 #include "demo/bank_codes.h"
 #include "demo/demo_company.h"
 #include "demo/spanish_places.h"
@@ -441,40 +440,19 @@ TEST_P(EmpresaDemo, TheScaleMultipliesTheReports) {
 CO_ON_BOTH_BACKENDS(EmpresaDemo);
 
 // One installation of each back-end, side by side in one test.
-struct Instalacion {
-    explicit Instalacion(Backend backend) {
-        settings = test::freshInstallation(backend, dir.path());
-        sesion = std::make_unique<TfGENEINIC>(settings, &mensajes);
-        QString motivo;
-        EXPECT_TRUE(sesion->Conectar(&motivo)) << motivo.toStdString();
-        datos = std::make_unique<TModuloDatos>(*sesion);
-        creador = std::make_unique<CreadorTablas>(*datos, QStringLiteral(CO_SOURCE_DIR "/data"));
-        datos->setTableCreator(creador.get());
-    }
-    ~Instalacion() {
-        datos->setTableCreator(nullptr);
-        creador.reset();
-        datos.reset();
-        sesion.reset();
-        test::dropInstallation(settings);
-    }
+struct Instalacion : test::InstalacionConTablas {
+    using InstalacionConTablas::InstalacionConTablas;
     QString huella(std::uint64_t semilla) {
         OpcionesDemo o;
         o.semilla = semilla;
         o.escala = kEscalaPrueba;
         o.forzar = true;
         QString motivo;
-        EXPECT_TRUE(CrearEmpresaDemo(*datos, o, nullptr, &motivo)) << motivo.toStdString();
-        const QString h = HuellaTablas(*datos, estructuras(), TablasDemo(), &motivo);
+        EXPECT_TRUE(CrearEmpresaDemo(datos(), o, nullptr, &motivo)) << motivo.toStdString();
+        const QString h = HuellaTablas(datos(), estructuras(), TablasDemo(), &motivo);
         EXPECT_FALSE(h.isEmpty()) << motivo.toStdString();
         return h;
     }
-    QTemporaryDir dir;
-    InstallationSettings settings;
-    ScriptedMessages mensajes;
-    std::unique_ptr<TfGENEINIC> sesion;
-    std::unique_ptr<TModuloDatos> datos;
-    std::unique_ptr<CreadorTablas> creador;
 };
 
 TEST(EmpresaDemoEntreBasesDeDatos, TheSameSeedGivesTheSameRowsOnBothBackEnds) {

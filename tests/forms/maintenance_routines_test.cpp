@@ -93,7 +93,7 @@ TEST_P(MaintenanceRoutines, FormTablesOpenThroughAbrirTablasForm) {
     Table &t2 = f.Add<Table>(*datos_, QStringLiteral("Table2"), QStringLiteral("RESPDOC"));
     int prepared = 0;
     f.Preparar = [&prepared] { ++prepared; };
-    CreadorTablas creador(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
+    CreadorTablas creador(*datos_, co::test::kCarpetaDatos);
     AperturaTablas apertura(*datos_, creador);
     FormularioTablas tablas = f.Tablas();
     ASSERT_EQ(tablas.tablas.size(), 2);
@@ -274,7 +274,7 @@ TEST_P(MaintenanceRoutines, BeforeDeleteAbortsWhenAssociatedDataStays) {
 }
 
 TEST_P(MaintenanceRoutines, AfterPostOpensTheViewersThatApply) {
-    CreadorTablas creador(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
+    CreadorTablas creador(*datos_, co::test::kCarpetaDatos);
     datos_->setTableCreator(&creador);
     int visor = 0, responsabilidad = 0;
     rutinas_->VisorCamposUsuario = [&](Dataset &) { ++visor; };

@@ -1,7 +1,6 @@
 // The temporary table of a listing on both back-ends: filled once from one
 // statement per source, numbered in order across sources, read back in blocks
 // whatever their size, and refused clearly when it cannot be made or filled.
-#include "core/table_creation.h"
 #include "output/listing_table.h"
 #include "support/layer_fixture.h"
 
@@ -15,14 +14,12 @@ const QString kDefinicion = QStringLiteral("Tabla Temporal\r\n"
                                            "/C/4/Importe/ftFloat/0/\r\n"
                                            "/I/1/<Primary>/Linea");
 
-class ListingTable : public LayerTest {
+class ListingTable : public TablesOnDemandTest {
 protected:
     void SetUp() override {
-        LayerTest::SetUp();
+        TablesOnDemandTest::SetUp();
         if (HasFatalFailure())
             return;
-        creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
-        datos_->setTableCreator(creador_.get());
         ok(QStringLiteral(
             "CREATE TABLE ORIGENA (Codigo INTEGER, Texto VARCHAR(40), Importe FLOAT)"));
         ok(QStringLiteral("CREATE TABLE ORIGENB (Numero INTEGER, Nombre VARCHAR(40))"));
@@ -34,11 +31,6 @@ protected:
         ok(QStringLiteral("INSERT INTO ORIGENB VALUES ('100', 'b''uno')"));
         ok(QStringLiteral("INSERT INTO ORIGENB VALUES ('50', 'b dos')"));
     }
-    void TearDown() override {
-        creador_.reset();
-        LayerTest::TearDown();
-    }
-
     OrigenListado origenA(const QString &desde = {}, const QString &hasta = {}) const {
         OrigenListado o;
         o.columnas = {QStringLiteral("Codigo"), QStringLiteral("Texto"), QStringLiteral("Importe")};
@@ -80,8 +72,6 @@ protected:
         EXPECT_EQ(r->recordCount(), out.size());
         return out;
     }
-
-    std::unique_ptr<CreadorTablas> creador_;
 };
 
 TEST_P(ListingTable, SourcesAreNumberedInOrderAndReadInBlocksOfAnySize) {

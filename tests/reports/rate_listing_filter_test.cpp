@@ -1,7 +1,6 @@
 // The filter form of the rate listing on both back-ends: the restrictions line
 // read from its own controls (and its lines per 100 or 160 characters), its
 // checks, its parameters, and `pbListar` running the listing to a PDF.
-#include "core/table_creation.h"
 #include "reports/rate_listing_filter.h"
 #include "support/layer_fixture.h"
 
@@ -12,14 +11,12 @@ namespace {
 
 const QString kHastaZ = QStringLiteral("zzzzzzzzzzzzzzzzzzzzzzzzzzzzzz");
 
-class RateListingFilter : public LayerTest {
+class RateListingFilter : public TablesOnDemandTest {
 protected:
     void SetUp() override {
-        LayerTest::SetUp();
+        TablesOnDemandTest::SetUp();
         if (HasFatalFailure())
             return;
-        creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
-        datos_->setTableCreator(creador_.get());
         ok(QStringLiteral("INSERT INTO TARFMAQ (Codigo, Descripcion) VALUES ('4', 'Tarifa Obra')"));
         ok(QStringLiteral("INSERT INTO LTARFMAQ (Codigo, CodigoUnidad, Descripcion, "
                           "DescripcionAmpliada, PrecioCosto, PrecioVenta) VALUES "
@@ -33,15 +30,13 @@ protected:
     }
     void TearDown() override {
         filtro_.reset();
-        creador_.reset();
-        LayerTest::TearDown();
+        TablesOnDemandTest::TearDown();
     }
     void escribir(const QString &control, const QString &texto) {
         filtro_->FindComponent(control)->Text = texto;
     }
     void marcar(const QString &control, bool on) { filtro_->FindComponent(control)->Checked = on; }
 
-    std::unique_ptr<CreadorTablas> creador_;
     std::unique_ptr<FiltroListadoTarifas> filtro_;
 };
 

@@ -1,6 +1,5 @@
 // The rate listing on both back-ends: ranges, groups with their sums, the
 // extended description, pages per rate, and a PDF with its text.
-#include "core/table_creation.h"
 #include "reports/rate_listing.h"
 #include "support/layer_fixture.h"
 
@@ -11,14 +10,12 @@
 namespace co::test {
 namespace {
 
-class RateListing : public LayerTest {
+class RateListing : public TablesOnDemandTest {
 protected:
     void SetUp() override {
-        LayerTest::SetUp();
+        TablesOnDemandTest::SetUp();
         if (HasFatalFailure())
             return;
-        creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
-        datos_->setTableCreator(creador_.get());
         ok(QStringLiteral(
             "INSERT INTO TARFMAQ (Codigo, Descripcion) VALUES ('1', 'Tarifa General')"));
         ok(QStringLiteral(
@@ -35,11 +32,6 @@ protected:
                    "PrecioCosto, PrecioVenta) VALUES ") +
                QString::fromUtf8(l));
     }
-    void TearDown() override {
-        creador_.reset();
-        LayerTest::TearDown();
-    }
-
     ReportEnvironment entorno() {
         ReportEnvironment e;
         e.mensajes = &sesion_->mensajes();
@@ -61,8 +53,6 @@ protected:
             *paginas = static_cast<int>(c.pages.size());
         return out;
     }
-
-    std::unique_ptr<CreadorTablas> creador_;
 };
 
 TEST_P(RateListing, GroupsByRateWithItsDescriptionAndSums) {
@@ -119,7 +109,8 @@ TEST_P(RateListing, NoLinesInRangeSaysSoAndWritesNoPdf) {
 
 TEST_P(RateListing, PrintsToAPdfWithItsTexts) {
     ParametrosListadoTarifas p;
-    TfOBQRLTAR r(*datos_, *creador_, p, entorno(), QStringLiteral("Desde Tarifa: 0, Hasta Tarifa: 999, "));
+    TfOBQRLTAR r(*datos_, *creador_, p, entorno(),
+                 QStringLiteral("Desde Tarifa: 0, Hasta Tarifa: 999, "));
     const QString path = dir_.path() + QStringLiteral("/tarifas.pdf");
     ASSERT_TRUE(ImprimirReport(r, QStringLiteral("PDF:") + path));
     QProcess pdf;

@@ -33,19 +33,7 @@ void dropInstallation(const InstallationSettings &s) {
         return;
     const QString name = uniqueName(QStringLiteral("drop"));
     {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), name);
-        for (const QString &word : s.ServidorBaseDatos.split(u' ')) {
-            const QString key = word.section(u'=', 0, 0), value = word.section(u'=', 1);
-            if (key == u"host") {
-                db.setHostName(value);
-            } else if (key == u"port") {
-                db.setPort(value.toInt());
-            } else if (key == u"user") {
-                db.setUserName(value);
-            } else if (key == u"dbname") {
-                db.setDatabaseName(value);
-            }
-        }
+        QSqlDatabase db = serverConnection(name, s.ServidorBaseDatos);
         if (db.open()) {
             QSqlQuery q(db);
             q.exec(QStringLiteral("SELECT nspname FROM pg_namespace WHERE nspname LIKE '%1%%' OR "
@@ -90,7 +78,18 @@ void TablesOnDemandTest::SetUp() {
     LayerTest::SetUp();
     if (HasFatalFailure())
         return;
-    creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
+    creador_ = std::make_unique<CreadorTablas>(*datos_, kCarpetaDatos);
+    datos_->setTableCreator(creador_.get());
+}
+
+void TablesOnDemandTest::reconnect() {
+    creador_.reset();
+    datos_.reset();
+    sesion_ = std::make_unique<TfGENEINIC>(settings_, &messages_);
+    QString motivo;
+    ASSERT_TRUE(sesion_->Conectar(&motivo)) << motivo.toStdString();
+    datos_ = std::make_unique<TModuloDatos>(*sesion_);
+    creador_ = std::make_unique<CreadorTablas>(*datos_, kCarpetaDatos);
     datos_->setTableCreator(creador_.get());
 }
 
@@ -99,6 +98,35 @@ void TablesOnDemandTest::TearDown() {
         datos_->setTableCreator(nullptr);
     creador_.reset();
     LayerTest::TearDown();
+}
+
+SesionConTablas::SesionConTablas(const InstallationSettings &settings, QString *fallo) {
+    sesion = std::make_unique<TfGENEINIC>(settings, &mensajes);
+    if (!sesion->Conectar(fallo))
+        return;
+    datos = std::make_unique<TModuloDatos>(*sesion);
+    creador = std::make_unique<CreadorTablas>(*datos, kCarpetaDatos);
+    datos->setTableCreator(creador.get());
+}
+
+SesionConTablas::~SesionConTablas() {
+    if (datos)
+        datos->setTableCreator(nullptr);
+    creador.reset();
+    datos.reset();
+    sesion.reset();
+}
+
+InstalacionConTablas::InstalacionConTablas(Backend backend) {
+    settings = freshInstallation(backend, dir.path());
+    QString motivo;
+    abierta = std::make_unique<SesionConTablas>(settings, &motivo);
+    EXPECT_TRUE(abierta->datos) << motivo.toStdString();
+}
+
+InstalacionConTablas::~InstalacionConTablas() {
+    abierta.reset();
+    dropInstallation(settings);
 }
 
 std::string backendName(const ::testing::TestParamInfo<Backend> &info) {

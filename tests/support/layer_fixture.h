@@ -21,6 +21,9 @@ inline void PrintTo(Backend b, std::ostream *os) {
 
 namespace co::test {
 
+// The structure files tables are made from.
+inline const QString kCarpetaDatos = QStringLiteral(CO_SOURCE_DIR "/data");
+
 // Settings of a new, empty installation on `backend`, in `folder`, made there
 // (its general data) as `init` makes them.
 InstallationSettings freshInstallation(Backend backend, const QString &folder);
@@ -51,8 +54,35 @@ class TablesOnDemandTest : public LayerTest {
 protected:
     void SetUp() override;
     void TearDown() override;
+    // A new session, layer and creator on the same installation, as the next
+    // run of the program has them. Call through ASSERT_NO_FATAL_FAILURE.
+    void reconnect();
 
     std::unique_ptr<CreadorTablas> creador_;
+};
+
+// A session of its own on an installation, its tables made on first use: a
+// second user, or one of several installations in one test.
+struct SesionConTablas {
+    // Connects to `settings`; `fallo` tells why when `datos` stays null.
+    SesionConTablas(const InstallationSettings &settings, QString *fallo);
+    ~SesionConTablas();
+
+    ScriptedMessages mensajes;
+    std::unique_ptr<TfGENEINIC> sesion;
+    std::unique_ptr<TModuloDatos> datos;
+    std::unique_ptr<CreadorTablas> creador;
+};
+
+// A fresh installation on `backend` with such a session, dropped at the end.
+struct InstalacionConTablas {
+    explicit InstalacionConTablas(Backend backend);
+    ~InstalacionConTablas();
+
+    QTemporaryDir dir;
+    InstallationSettings settings;
+    std::unique_ptr<SesionConTablas> abierta;
+    TModuloDatos &datos() { return *abierta->datos; }
 };
 
 std::string backendName(const ::testing::TestParamInfo<Backend> &info);

@@ -11,6 +11,7 @@
 #include "forms/maintenance_routines.h"
 #include "forms/screen_opening.h"
 #include "forms/table.h"
+#include "support/layer_fixture.h"
 
 #include <QStringList>
 #include <memory>
@@ -20,8 +21,8 @@ namespace co::test {
 template <class Pantalla> class ScreenTest {
 public:
     explicit ScreenTest(TModuloDatos &datos)
-        : datos_(datos), creador_(datos, QStringLiteral(CO_SOURCE_DIR "/data")),
-          apertura_(datos, creador_), entorno_{datos, creador_},
+        : datos_(datos), creador_(datos, kCarpetaDatos), apertura_(datos, creador_),
+          entorno_{datos, creador_},
           form_(std::make_unique<Pantalla>(datos)) {}
 
     Pantalla &form() { return *form_; }

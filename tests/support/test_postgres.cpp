@@ -39,15 +39,34 @@ QString postgresConnInfo() {
         QProcess p;
         p.start(QStringLiteral(CO_SOURCE_DIR "/scripts/test-postgres"), {QStringLiteral("start")});
         p.waitForFinished(120000);
-        const QStringList parts = QString::fromLocal8Bit(p.readAllStandardOutput()).trimmed().split(u' ');
+        const QStringList parts =
+            QString::fromLocal8Bit(p.readAllStandardOutput()).trimmed().split(u' ');
         if (p.exitCode() != 0 || parts.size() != 2) {
-            ADD_FAILURE() << "no PostgreSQL test server: " << p.readAllStandardError().toStdString();
+            ADD_FAILURE() << "no PostgreSQL test server: "
+                          << p.readAllStandardError().toStdString();
             return {};
         }
         own.dir = parts[0];
-        own.connInfo = QStringLiteral("host=127.0.0.1 port=%1 user=postgres dbname=postgres").arg(parts[1]);
+        own.connInfo =
+            QStringLiteral("host=127.0.0.1 port=%1 user=postgres dbname=postgres").arg(parts[1]);
     }
     return own.connInfo;
+}
+
+QSqlDatabase serverConnection(const QString &name, const QString &connInfo) {
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), name);
+    for (const QString &word : connInfo.split(u' ', Qt::SkipEmptyParts)) {
+        const QString key = word.section(u'=', 0, 0), value = word.section(u'=', 1);
+        if (key == u"host")
+            db.setHostName(value);
+        else if (key == u"port")
+            db.setPort(value.toInt());
+        else if (key == u"user")
+            db.setUserName(value);
+        else if (key == u"dbname")
+            db.setDatabaseName(value);
+    }
+    return db;
 }
 
 QString uniqueName(const QString &prefix) {

@@ -18,10 +18,9 @@ protected:
         DesktopTest::SetUp();
         if (HasFatalFailure())
             return;
-        ASSERT_EQ(QProcess::execute(QStringLiteral(CO_CLI_PATH),
-                                    {QStringLiteral("demo"), QStringLiteral("--dir"), dir_.path(),
-                                     QStringLiteral("--escala"), QStringLiteral("0.02")}),
-                  0);
+        const auto demo =
+            cli(QStringLiteral("demo"), {QStringLiteral("--escala"), QStringLiteral("0.02")});
+        ASSERT_EQ(demo.status, 0) << demo.err.toStdString();
         ASSERT_NO_FATAL_FAILURE(arrancar(opciones(QStringLiteral("ADMIN"))));
         session_->ventana()->resize(1200, 640);
         session_->ventana()->show();
@@ -72,9 +71,7 @@ TEST_P(DemoPictures, UnitsMasterShowsTheBudgetItems) {
     guardar(QStringLiteral("demo-units-master.png"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, DemoPictures,
-                         ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
-                         co::test::backendName);
+CO_ON_BOTH_BACKENDS(DemoPictures);
 
 } // namespace
 } // namespace co::ui

@@ -6,7 +6,7 @@
 
 #include "ui/form_view.h"
 
-#include "support/layer_fixture.h"
+#include "support/cli_installation.h"
 
 #include <QAction>
 #include <QDir>
@@ -20,19 +20,11 @@
 
 namespace co::ui::test {
 
-class DesktopTest : public ::testing::TestWithParam<Backend> {
+class DesktopTest : public co::test::CliInstallationTest {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(dir_.isValid());
-        settings_ = co::test::freshInstallation(GetParam(), dir_.path());
-        ASSERT_TRUE(EscribirInstalacion(dir_.path(), settings_));
-        ASSERT_EQ(QProcess::execute(QStringLiteral(CO_CLI_PATH),
-                                    {QStringLiteral("init"), QStringLiteral("--dir"), dir_.path()}),
-                  0);
-    }
     void TearDown() override {
         session_.reset(); // the session goes before its installation
-        co::test::dropInstallation(settings_);
+        CliInstallationTest::TearDown();
     }
     // Starts `session_`; the messages of the start-up are cleared. Call through
     // ASSERT_NO_FATAL_FAILURE.
@@ -44,7 +36,7 @@ protected:
     OpcionesArranque opciones(const QString &usuario) {
         OpcionesArranque o;
         o.carpetaInstalacion = o.carpetaAplicacion = dir_.path();
-        o.carpetaDatos = QStringLiteral(CO_SOURCE_DIR "/data");
+        o.carpetaDatos = co::test::kCarpetaDatos;
         o.linea.ParametroUsuario = usuario;
         return o;
     }
@@ -65,8 +57,6 @@ protected:
             EXPECT_TRUE(session_->ventana()->grab().save(QDir(dir).filePath(nombre)));
         }
     }
-    QTemporaryDir dir_;
-    InstallationSettings settings_;
     ScriptedMessages port_;
     std::unique_ptr<DesktopSession> session_;
 };

@@ -56,9 +56,7 @@ TEST_P(GridFont, CtrlLGivesTheChosenFontToCellsAndNavyTitles) {
     EXPECT_TRUE(port_.texts().isEmpty()) << port_.texts().join(u'\n').toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, GridFont,
-                         ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
-                         co::test::backendName);
+CO_ON_BOTH_BACKENDS(GridFont);
 
 } // namespace
 } // namespace co::ui

@@ -5,14 +5,14 @@
 #include "desktop_fixture.h"
 
 #include <QAction>
+#include <QCloseEvent>
+#include <QFile>
+#include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QLabel>
-#include <QCloseEvent>
-#include <QFile>
 #include <gtest/gtest.h>
 
 namespace co::ui {
@@ -60,7 +60,8 @@ TEST_F(MainWindowFixture, ProgramsOpenByRightsAndSayWhenMissing) {
     EXPECT_EQ(window.mdi()->subWindowList().size(), 1);
     // A screen this build does not have: told, nothing opens, nothing breaks.
     window.accion(QStringLiteral("HistoricodeFacturas1"))->trigger();
-    EXPECT_EQ(port.texts().last(), MenuPrincipal::TextoNoDisponible(QStringLiteral("Historico de Facturas")));
+    EXPECT_EQ(port.texts().last(),
+              MenuPrincipal::TextoNoDisponible(QStringLiteral("Historico de Facturas")));
     EXPECT_EQ(window.mdi()->subWindowList().size(), 1);
 }
 
@@ -90,10 +91,11 @@ TEST_P(DesktopStart, FirstUserLogsInToTheFirstCompany) {
 TEST_P(DesktopStart, UnknownUserEndsTheStart) {
     DesktopSession session(opciones(QStringLiteral("NADIE")), &port_);
     EXPECT_FALSE(session.Arrancar());
-    EXPECT_TRUE(port_.texts().contains(QStringLiteral("¡El usuario no está definido!"))) << port_.texts().join(u'\n').toStdString();
+    EXPECT_TRUE(port_.texts().contains(QStringLiteral("¡El usuario no está definido!")))
+        << port_.texts().join(u'\n').toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, DesktopStart, ::testing::Values(Backend::SQLite, Backend::PostgreSQL), co::test::backendName);
+CO_ON_BOTH_BACKENDS(DesktopStart);
 
 } // namespace
 } // namespace co::ui
@@ -102,16 +104,18 @@ namespace co::ui {
 namespace {
 
 TEST_P(DesktopStart, LanguageOfTheCommandLineTranslatesTheMenu) {
-    ASSERT_EQ(QProcess::execute(QStringLiteral(CO_CLI_PATH), {QStringLiteral("diccionario"), QStringLiteral("--dir"), dir_.path()}), 0);
+    ASSERT_EQ(cli(QStringLiteral("diccionario")).status, 0);
     OpcionesArranque o = opciones(QStringLiteral("ADMIN"));
     o.linea.ParametroIdioma = QStringLiteral("Ingles");
     DesktopSession session(o, &port_);
     ASSERT_TRUE(session.Arrancar());
-    EXPECT_EQ(session.ventana()->accion(QStringLiteral("MaestrodeObras1"))->text(), QStringLiteral("Works Master"));
+    EXPECT_EQ(session.ventana()->accion(QStringLiteral("MaestrodeObras1"))->text(),
+              QStringLiteral("Works Master"));
     // Without a language nothing is translated.
     DesktopSession spanish(opciones(QStringLiteral("ADMIN")), &port_);
     ASSERT_TRUE(spanish.Arrancar());
-    EXPECT_EQ(spanish.ventana()->accion(QStringLiteral("MaestrodeObras1"))->text(), QStringLiteral("Maestro de Obras"));
+    EXPECT_EQ(spanish.ventana()->accion(QStringLiteral("MaestrodeObras1"))->text(),
+              QStringLiteral("Maestro de Obras"));
 }
 
 } // namespace
@@ -143,7 +147,8 @@ namespace {
 // A work window that refuses to close while it holds a pending record.
 class PendingScreen : public QLabel {
 public:
-    explicit PendingScreen(bool *pendiente) : QLabel(QStringLiteral("Pendiente")), pendiente_(pendiente) {}
+    explicit PendingScreen(bool *pendiente)
+        : QLabel(QStringLiteral("Pendiente")), pendiente_(pendiente) {}
     void closeEvent(QCloseEvent *e) override {
         if (*pendiente_)
             e->ignore();
@@ -163,8 +168,10 @@ TEST(MainWindowClose, WorkWindowsCloseFirstAndAreLogged) {
     TfOBRAMENU window(
         mensajes, [](const QString &) { return true; },
         [&](const QString &v, const QString &a) { actividad << a + u' ' + v; });
-    window.RegistrarPantalla(QStringLiteral("fOBRAUNID"), [&](QWidget *) { return new PendingScreen(&pendiente); });
-    window.RegistrarPantalla(QStringLiteral("fGENEPARA"), [](QWidget *) { return new QLabel(QStringLiteral("Globales")); });
+    window.RegistrarPantalla(QStringLiteral("fOBRAUNID"),
+                             [&](QWidget *) { return new PendingScreen(&pendiente); });
+    window.RegistrarPantalla(QStringLiteral("fGENEPARA"),
+                             [](QWidget *) { return new QLabel(QStringLiteral("Globales")); });
     window.show();
     window.accion(QStringLiteral("MaestrodeUnidades1"))->trigger();
     window.accion(QStringLiteral("Globales1"))->trigger();

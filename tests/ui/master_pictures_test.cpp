@@ -78,9 +78,7 @@ TEST_P(MasterPictures, SubcontractsShowTheirSuppliersName) {
     guardar(QStringLiteral("subcontracts-master.png"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, MasterPictures,
-                         ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
-                         co::test::backendName);
+CO_ON_BOTH_BACKENDS(MasterPictures);
 
 } // namespace
 } // namespace co::ui

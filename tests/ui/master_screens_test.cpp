@@ -80,9 +80,7 @@ TEST_P(MasterScreens, ARepeatedKeyIsRefusedAndTheFocusStaysOnIt) {
     EXPECT_EQ(d.cell(d.rows() - 1, 0), QStringLiteral("KG")) << "what was typed stays";
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, MasterScreens,
-                         ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
-                         co::test::backendName);
+CO_ON_BOTH_BACKENDS(MasterScreens);
 
 } // namespace
 } // namespace co::ui

@@ -111,9 +111,7 @@ TEST_P(RateListingWindow, ARefusedRangeShowsTheFormsMessageAndSalirCloses) {
     EXPECT_EQ(ventana(QStringLiteral("fOBRALTAR")), nullptr);
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, RateListingWindow,
-                         ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
-                         co::test::backendName);
+CO_ON_BOTH_BACKENDS(RateListingWindow);
 
 } // namespace
 } // namespace co::ui

@@ -287,9 +287,7 @@ TEST_P(SearchWindow, CtrlLOnTheGridGivesItTheChosenFont) {
     });
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, SearchWindow,
-                         ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
-                         co::test::backendName);
+CO_ON_BOTH_BACKENDS(SearchWindow);
 
 } // namespace
 } // namespace co::ui

@@ -101,8 +101,9 @@ TEST_P(WorksScreens, TheParametersScreenSavesThroughItsWidgetsAndTheMenuFollows)
     auto *grabar = qobject_cast<QPushButton *>(parametros->widgetFor(QStringLiteral("pbGrabar")));
     ASSERT_NE(grabar, nullptr);
     QTest::mouseClick(grabar, Qt::LeftButton);
-    QTest::qWait(50);
-    EXPECT_TRUE(session.ventana()->mdi()->subWindowList().isEmpty()) << "saving closes the screen";
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return session.ventana()->mdi()->subWindowList().isEmpty();
+    })) << "saving closes the screen";
     EXPECT_EQ(session.aplicacion().datos().EjecutarSQL(
                   QStringLiteral("SELECT MultiPartes FROM PARAOBRA")),
               QStringLiteral("NO"));
@@ -222,9 +223,7 @@ TEST_P(WorksScreens, TheCompanyIsChangedThroughTheSearchWindow) {
     EXPECT_EQ(session.aplicacion().sesion().CodigoEmpresa, 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, WorksScreens,
-                         ::testing::Values(Backend::SQLite, Backend::PostgreSQL),
-                         co::test::backendName);
+CO_ON_BOTH_BACKENDS(WorksScreens);
 
 } // namespace
 } // namespace co::ui

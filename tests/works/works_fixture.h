@@ -1,9 +1,7 @@
 #pragma once
-// A layer test for works screens: tables are made from the structure file when
-// a statement misses them, and the general parameters and other tables can be
-// filled before a screen opens.
+// A layer test for works screens, tables made on first use: the general
+// parameters and other tables can be filled before a screen opens.
 #include "core/general_parameters_table.h"
-#include "core/table_creation.h"
 #include "core/table_opening.h"
 #include "forms/table.h"
 #include "support/layer_fixture.h"
@@ -12,19 +10,8 @@
 
 namespace co::works {
 
-class WorksScreenTest : public co::test::LayerTest {
+class WorksScreenTest : public co::test::TablesOnDemandTest {
 protected:
-    void SetUp() override {
-        LayerTest::SetUp();
-        creador_ = std::make_unique<CreadorTablas>(*datos_, QStringLiteral(CO_SOURCE_DIR "/data"));
-        datos_->setTableCreator(creador_.get());
-    }
-    void TearDown() override {
-        if (datos_)
-            datos_->setTableCreator(nullptr);
-        creador_.reset();
-        LayerTest::TearDown();
-    }
     void parametros(QVariantHash valores) {
         ASSERT_TRUE(GrabarParametrosGenerales(*datos_, std::move(valores)));
     }
@@ -36,7 +23,6 @@ protected:
         for (const QString &sql : inserts)
             ok(sql);
     }
-    std::unique_ptr<CreadorTablas> creador_;
 };
 
 } // namespace co::works
