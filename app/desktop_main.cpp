@@ -24,8 +24,11 @@ int main(int argc, char **argv) {
     opciones.carpetaAplicacion = opciones.carpetaInstalacion;
     opciones.carpetaDatos = co::CarpetaDatosAplicacion();
     opciones.ejecutable = QApplication::applicationFilePath();
-    opciones.linea = co::LeerLineaComandos(app.arguments());
+    QStringList argumentos = app.arguments();
+    const QString abrir = co::ui::ExtraerProgramaAbrir(argumentos);
+    opciones.linea = co::LeerLineaComandos(argumentos);
     co::ui::DesktopSession session(opciones);
+    session.AbrirAlArrancar(abrir);
     if (!session.Arrancar())
         return 0;
     Messenger &mensajes = session.aplicacion().sesion().mensajes();

@@ -34,6 +34,8 @@ struct VentanasFormulario {
         BuscarEnTabla;
     // The search window on a table's own records; moves it to the chosen one.
     std::function<void(Table &)> BuscarRegistro;
+    // The same by one of its fields, for a grid column that is not the key.
+    std::function<void(Table &, const QString &campo)> BuscarRegistroPorCampo;
     // The template form on a coded text of kind "Plantilla"; the text it made.
     std::function<QString(const QString &codigo, const QString &texto)> Plantilla;
     // `fGENEIMPR` in mode "Contexto" on a printed form code.

@@ -39,9 +39,11 @@ MaestroRejilla::MaestroRejilla(TModuloDatos &datos, DeclaracionMaestro declaraci
         Field *f = grid1_->SelectedField();
         if (!f)
             return;
-        if (grid1_->SelectedIndex != columnaClave())
-            BuscarDatosCampo(*this, Rutinas(), *f);
-        else if (Rutinas().Ventanas.BuscarRegistro)
+        if (grid1_->SelectedIndex != columnaClave()) {
+            // A column without a search of its own finds a record by its value.
+            if (!BuscarDatosCampo(*this, Rutinas(), *f) && Rutinas().Ventanas.BuscarRegistroPorCampo)
+                Rutinas().Ventanas.BuscarRegistroPorCampo(Table1(), f->FieldName());
+        } else if (Rutinas().Ventanas.BuscarRegistro)
             Rutinas().Ventanas.BuscarRegistro(Table1());
     });
 }

@@ -9,7 +9,8 @@
 // the key check (`DBGrid1ColExit`); the key column of a stored record cannot be
 // edited (`Table1BeforeEdit`); the post checks every column's list. A double
 // click (or F2) on the key column finds a record of the master, on a column
-// with a declared search (`DeclararBusqueda`) fills the code from its table.
+// with a declared search (`DeclararBusqueda`) fills the code from its table,
+// on any other column finds a record by that column's value.
 // A memo column's button (or Ctrl+Enter) edits the memo of the selected column,
 // or the grid's first memo column, in a multi-line pop-up titled by
 // `TituloMemo`.

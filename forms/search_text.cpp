@@ -40,6 +40,25 @@ QString marcaModo(ModoBusqueda modo) {
     return QStringLiteral("(A)");
 }
 
+// Each finished condition on a text field compares both sides in capitals.
+QString sinMayusculas(const QString &condiciones, const QStringList &camposTexto) {
+    if (camposTexto.isEmpty())
+        return condiciones;
+    static const QRegularExpression condicion(
+        QStringLiteral("\\(([A-Za-z_][A-Za-z0-9_]*) (=|>=|LIKE) ('(?:[^']|'')*')\\)"));
+    QString out;
+    qsizetype desde = 0;
+    for (auto it = condicion.globalMatch(condiciones); it.hasNext();) {
+        const QRegularExpressionMatch m = it.next();
+        if (!camposTexto.contains(m.captured(1), Qt::CaseInsensitive))
+            continue;
+        out += condiciones.mid(desde, m.capturedStart() - desde);
+        out += QStringLiteral("(UPPER(%1) %2 UPPER(%3))").arg(m.captured(1), m.captured(2), m.captured(3));
+        desde = m.capturedEnd();
+    }
+    return out + condiciones.mid(desde);
+}
+
 } // namespace
 
 QString CondicionesBusqueda(const PeticionBusqueda &p) {
@@ -68,7 +87,7 @@ QString CondicionesBusqueda(const PeticionBusqueda &p) {
         texto.replace(QStringLiteral(" = '"), QStringLiteral(" LIKE '%"));
         texto.replace(QStringLiteral("')"), QStringLiteral("%')"));
     }
-    return texto;
+    return sinMayusculas(texto, p.camposTexto);
 }
 
 QString SentenciaBusqueda(const PeticionBusqueda &p) {

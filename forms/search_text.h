@@ -30,6 +30,9 @@ struct PeticionBusqueda {
     // packets then come in one order every time. Empty: the order is the user's.
     QString clave;
     QString formatoFechaSQL = QStringLiteral("yyyy-mm-dd");
+    // Text fields of the table: their conditions ignore the case of letters,
+    // as a clerk expects ("metro" finds "Metro cuadrado") on every back-end.
+    QStringList camposTexto;
 };
 
 // The conditions of the data, without " WHERE "; empty without data.

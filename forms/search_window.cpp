@@ -4,6 +4,7 @@
 #include "core/sql_text.h"
 #include "core/users.h"
 #include "forms/pick_list_check.h"
+#include "forms/table_catalog.h"
 #include "forms/value_filters.h"
 
 namespace co::forms {
@@ -163,6 +164,7 @@ void TfGENEBUSQ::Abrir(const EstadoBusqueda &estado, const OpcionesBusqueda &opc
     limite_->Enabled = datos_.sesion().backend() == Backend::PostgreSQL;
     filas_->Close();
     quitarFiltros();
+    grid_->Columns.clear(); // the last search's table is not this one
     Caption = QStringLiteral("Buscar en la tabla") + u' ' + estado_.tabla;
     filas_->DatabaseName = general() ? kConexionGeneral : kConexionEmpresa;
     dato_->Text = estado_.textoInicial;
@@ -209,6 +211,9 @@ void TfGENEBUSQ::rellenarListaCampos() {
     lista_->Text = items.value(elegido);
     if (estado_.indice > 0 && indices.contains(estado_.indice))
         lista_->Text = indices.value(estado_.indice);
+    if (const qsizetype i = items.indexOf(estado_.campo, Qt::CaseInsensitive);
+        !estado_.campo.isEmpty() && i >= 0)
+        lista_->Text = items.at(i);
     modoRellenando_ = false;
     ElegirModo(o.modo);
 }
@@ -276,6 +281,9 @@ void TfGENEBUSQ::Buscar(bool automatica) {
     p.ordenados = Find<Component>(QStringLiteral("ResultadosOrdenados"))->Checked;
     p.columnas = columnasBusqueda();
     p.formatoFechaSQL = datos_.sesion().FormatoFechaSQL;
+    for (const DeclaredColumn &c : ColumnasDeclaradas(datos_, estado_.tabla, filas_->DatabaseName))
+        if (c.type == TipoCampo::ftString || c.type == TipoCampo::ftMemo)
+            p.camposTexto << c.name;
     const std::optional<int> limite = LimiteBusqueda(limite_->Text);
     // Packets need a total order: the key ends it. A table without one is read whole.
     if (!limite)

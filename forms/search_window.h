@@ -52,6 +52,7 @@ struct EstadoBusqueda {
     QString textoInicial;
     QString restriccion;
     QString columnas; // emptied after every use
+    QString campo;    // a field searched by instead of the index, when the list has it
 };
 
 // The key of the current row as the search windows return it: one value a

@@ -5,6 +5,8 @@
 #include "forms/pick_list_check.h"
 #include "forms/search_associations.h"
 
+#include <utility>
+
 namespace co::forms {
 
 namespace {
@@ -44,12 +46,16 @@ ResultadoBusqueda Busquedas::buscar(const QString &tabla, int indice, const QStr
     const OpcionesBusqueda o = opciones_();
     if (o.busquedaAproximadaActivada) {
         estado_ = {};
+        campoSiguiente_.clear();
         return valores(BuscarPorAproximacion(tabla));
     }
     estado_.tabla = tabla;
     estado_.indice = indice;
     estado_.restriccion = restriccion;
     estado_.textoInicial = texto.startsWith(kPorDefecto) ? texto.mid(kPorDefecto.size()) : texto;
+    estado_.campo = std::exchange(campoSiguiente_, QString());
+    if (!estado_.campo.isEmpty())
+        estado_.textoInicial.clear(); // the key is no value of that field
     if (!o.desactivarIndicesPorUsuario && o.opcionesPorUsuario) {
         QString almacenado;
         ValorUsuario(datos_, o.usuario, QStringLiteral("IndicesBusqueda"), almacenado);
@@ -84,6 +90,11 @@ ResultadoBusqueda Busquedas::BuscarEnTablaPorDefecto(const QString &tabla, int i
 
 ResultadoBusqueda Busquedas::BuscarRegistro(Table &tabla, int indice) {
     return BuscarRegistroFiltrado(tabla, indice, {});
+}
+
+ResultadoBusqueda Busquedas::BuscarRegistroPorCampo(Table &tabla, const QString &campo) {
+    campoSiguiente_ = campo;
+    return BuscarRegistroFiltrado(tabla, 0, {});
 }
 
 ResultadoBusqueda Busquedas::BuscarRegistroFiltrado(Table &tabla, int indice,
@@ -156,6 +167,9 @@ void Busquedas::Conectar(VentanasFormulario &v) {
         return BuscarEnTablaFiltrada(tabla, 0, restriccion);
     };
     v.BuscarRegistro = [this](Table &tabla) { BuscarRegistro(tabla); };
+    v.BuscarRegistroPorCampo = [this](Table &tabla, const QString &campo) {
+        BuscarRegistroPorCampo(tabla, campo);
+    };
     v.BusquedaAsociacion = [this](Component &edit) { BuscarPorAsociacion(edit); };
 }
 

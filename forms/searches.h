@@ -48,6 +48,9 @@ public:
     // failing locate says "¡No ha sido posible encontrar el dato solicitado!".
     ResultadoBusqueda BuscarRegistro(Table &tabla, int indice = 0);
     ResultadoBusqueda BuscarRegistroFiltrado(Table &tabla, int indice, const QString &restriccion);
+    // The same, searching by one field of the table (a grid column that is not
+    // the key): the field list starts on it and the text to find starts empty.
+    ResultadoBusqueda BuscarRegistroPorCampo(Table &tabla, const QString &campo);
     // `TfGENEBUSA`: the key text of the chosen record, one value a line.
     std::optional<QString> BuscarPorAproximacion(const QString &tabla);
     // The association of a plain edit with a table through `BUSQUEDA.TXT`.
@@ -57,7 +60,7 @@ public:
     void FijarColumnas(const QString &columnas) { estado_.columnas = columnas; }
 
     // Points a screen's search hooks here (BuscarEnTabla, BuscarRegistro,
-    // BusquedaAsociacion). The hooks must not outlive this object.
+    // BuscarRegistroPorCampo, BusquedaAsociacion). The hooks must not outlive this object.
     void Conectar(VentanasFormulario &ventanas);
 
     TfGENEBUSQ &VentanaBusqueda() { return *busq_; }
@@ -72,6 +75,7 @@ private:
     EjecutorBusqueda &ejecutor_;
     LectorOpciones opciones_;
     EstadoBusqueda estado_;
+    QString campoSiguiente_; // the field of the next search only
     std::unique_ptr<TfGENEBUSQ> busq_;
     std::unique_ptr<TfGENEBUSA> busa_;
 };

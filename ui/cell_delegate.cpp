@@ -23,13 +23,25 @@ QWidget *CellDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
 
 bool CellDelegate::eventFilter(QObject *object, QEvent *event) {
     auto *editor = qobject_cast<QWidget *>(object);
+    // The refusal's message takes the focus; the editor stays for the retry.
+    if (editor && committing_ && event->type() == QEvent::FocusOut)
+        return true;
     if (editor && event->type() == QEvent::KeyPress) {
         const auto *k = static_cast<QKeyEvent *>(event);
         const bool leave =
             k->key() == Qt::Key_Tab || k->key() == Qt::Key_Return || k->key() == Qt::Key_Enter;
         if (leave && k->modifiers() == Qt::NoModifier) {
             const QModelIndex at = view_.currentIndex();
+            committing_ = true;
+            model_.olvidarRechazo();
             Q_EMIT commitData(editor);
+            committing_ = false;
+            if (model_.escrituraRechazada()) {
+                editor->setFocus();
+                if (auto *line = qobject_cast<QLineEdit *>(editor))
+                    line->selectAll();
+                return true;
+            }
             Q_EMIT closeEditor(editor, NoHint);
             const QModelIndex next = at.sibling(at.row(), at.column() + 1);
             if (next.isValid())

@@ -2,7 +2,9 @@
 // The cell editor of a form's grid: a text column takes no more characters
 // than its field holds, and Tab or Enter leave the cell for the next column
 // through the view, so that the form's column checks run as on any column
-// change (and keep the cell when they refuse).
+// change (and keep the cell when they refuse). A value the field refuses keeps
+// the editor open on the cell, its text selected, so that what is typed next
+// replaces it; the message shown meanwhile does not close the editor.
 
 #include <QStyledItemDelegate>
 
@@ -25,6 +27,7 @@ protected:
 private:
     DatasetModel &model_;
     QTableView &view_;
+    bool committing_ = false;
 };
 
 } // namespace co::ui

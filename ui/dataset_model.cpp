@@ -18,9 +18,7 @@ DatasetModel::DatasetModel(forms::DBGrid &grid,
 int DatasetModel::rowCount(const QModelIndex &parent) const {
     if (parent.isValid())
         return 0;
-    const forms::Dataset *d = dataset();
-    const bool extra = d && d->State() == DatasetState::Insert;
-    return static_cast<int>(rows_.size()) + (extra ? 1 : 0);
+    return static_cast<int>(rows_.size()) + (insertRow_ ? 1 : 0);
 }
 
 int DatasetModel::columnCount(const QModelIndex &parent) const {
@@ -90,6 +88,7 @@ Qt::ItemFlags DatasetModel::flags(const QModelIndex &index) const {
 
 bool DatasetModel::setData(const QModelIndex &index, const QVariant &value, int role) {
     forms::Dataset *d = dataset();
+    rechazada_ = true;
     if (!d || role != Qt::EditRole || !moveTo(index.row()))
         return false;
     const QString field = grid_.Columns[gridColumn(index.column())].FieldName;
@@ -98,6 +97,7 @@ bool DatasetModel::setData(const QModelIndex &index, const QVariant &value, int 
             d->Edit();
         d->FieldByName(field).SetAsString(value.toString());
     });
+    rechazada_ = !ok;
     Q_EMIT dataChanged(this->index(index.row(), 0), this->index(index.row(), columnCount() - 1));
     return ok;
 }
@@ -167,7 +167,27 @@ void DatasetModel::readChunk(int count) {
 void DatasetModel::reload() {
     beginResetModel();
     readChunk(std::max<int>(kChunk, static_cast<int>(rows_.size())));
+    const forms::Dataset *d = dataset();
+    insertRow_ = d && d->Active() && d->State() == DatasetState::Insert;
     endResetModel();
+}
+
+void DatasetModel::sync() {
+    const forms::Dataset *d = dataset();
+    const bool inserting = d && d->Active() && d->State() == DatasetState::Insert;
+    const int last = static_cast<int>(rows_.size());
+    if (inserting && !insertRow_) {
+        beginInsertRows({}, last, last);
+        insertRow_ = true;
+        endInsertRows();
+    } else if (!inserting && insertRow_) {
+        beginRemoveRows({}, last, last);
+        insertRow_ = false;
+        endRemoveRows();
+    }
+    const int row = currentRow();
+    if (d && d->IsPending() && row >= 0 && columnCount() > 0)
+        Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
 }
 
 forms::Field *DatasetModel::field(int modelColumn) const {

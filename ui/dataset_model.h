@@ -27,14 +27,23 @@ public:
     QVariant headerData(int section, Qt::Orientation o, int role) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
+    // True when the last write was refused (a bad value, a check that stopped it).
+    bool escrituraRechazada() const { return rechazada_; }
+    void olvidarRechazo() { rechazada_ = false; }
     bool canFetchMore(const QModelIndex &parent) const override;
     void fetchMore(const QModelIndex &parent) override;
 
     // Re-reads from the first row, as many rows as were shown.
     void reload();
+    // Tells the view of the row of a record being inserted, which comes and
+    // goes with the dataset's state, and redraws the pending record's cells.
+    void sync();
     // The grid column index of a model column.
     int gridColumn(int modelColumn) const { return columns_.value(modelColumn, -1); }
     int modelColumn(int gridColumn) const { return columns_.indexOf(gridColumn); }
+    const forms::GridColumn &column(int modelColumn) const {
+        return grid_.Columns.at(columns_.at(modelColumn));
+    }
     // The field shown in a model column; nullptr without a dataset or such field.
     forms::Field *field(int modelColumn) const;
     // The row of the dataset's current record; -1 when not shown.
@@ -57,6 +66,8 @@ private:
     QList<forms::Bookmark> marks_;
     QList<QVariantList> rows_; // the records shown, all fields
     bool atEnd_ = true;
+    bool insertRow_ = false; // the view has been told of the new record's row
+    bool rechazada_ = false;
 };
 
 } // namespace co::ui

@@ -3,6 +3,7 @@
 #include "ui/screens.h"
 
 #include "core/rights.h"
+#include "core/text_utils.h"
 #include "core/users.h"
 #include "ui/listing_screens.h"
 
@@ -93,7 +94,26 @@ bool DesktopSession::Arrancar() {
         connect(&inactividad_, &QTimer::timeout, this, [this] { comprobarInactividad(); });
         inactividad_.start(15000);
     }
+    if (!programaInicial_.isEmpty())
+        AbrirPrograma(programaInicial_);
     return true;
+}
+
+bool DesktopSession::AbrirPrograma(const QString &programa) {
+    for (const EntradaMenu &e : EntradasMenuPrincipal())
+        if (SinAmpersand(e.caption).compare(programa.trimmed(), Qt::CaseInsensitive) == 0)
+            return ventana_->menu().Ejecutar(e.componente);
+    aplicacion_->sesion().mensajes().MensajeA(MenuPrincipal::TextoNoDisponible(programa.trimmed()));
+    return false;
+}
+
+QString ExtraerProgramaAbrir(QStringList &argumentos) {
+    const int i = static_cast<int>(argumentos.indexOf(QStringLiteral("--abrir")));
+    if (i < 0)
+        return {};
+    const QString programa = argumentos.value(i + 1);
+    argumentos.remove(i, std::min<qsizetype>(2, argumentos.size() - i));
+    return programa;
 }
 
 void DesktopSession::registrarActividad(const QString &ventana, const QString &accion) {

@@ -19,8 +19,14 @@ public:
     DesktopSession(OpcionesArranque opciones, MessagePort *port = nullptr);
     ~DesktopSession() override;
 
-    // Start, login and company; false when the program must end.
+    // Start, login and company; false when the program must end. The program
+    // set by `AbrirAlArrancar` opens last, as its menu entry would.
     bool Arrancar();
+    void AbrirAlArrancar(const QString &programa) { programaInicial_ = programa; }
+    // Opens a program of the menu by its name (the caption the rights name),
+    // under the user's rights; false, after the usual message, when refused or
+    // when no entry has that name.
+    bool AbrirPrograma(const QString &programa);
     TfOBRAMENU *ventana() const { return ventana_.get(); }
     Aplicacion &aplicacion() { return *aplicacion_; }
 
@@ -48,6 +54,11 @@ private:
     std::unique_ptr<works::TMDObra> obra_;
     QTimer inactividad_;
     qint64 instanteActividad_ = 0;
+    QString programaInicial_;
 };
+
+// Takes `--abrir <program>` out of the program's arguments and returns the
+// program; empty when not given. The rest of the arguments stay in place.
+QString ExtraerProgramaAbrir(QStringList &argumentos);
 
 } // namespace co::ui

@@ -5,8 +5,10 @@
 #include "ui/cell_delegate.h"
 #include "ui/dataset_model.h"
 #include "ui/font_dialog.h"
+#include "ui/grid_columns.h"
 #include "ui/key_routing.h"
 
+#include <QAbstractButton>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
@@ -17,6 +19,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QStyle>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTabWidget>
@@ -61,6 +64,7 @@ bool FormView::run(const std::function<void()> &action) {
 void FormView::build() {
     auto *layout = new QVBoxLayout(this);
     auto *menus = new QMenuBar(this);
+    menus_ = menus;
     QMenu *ficha = menus->addMenu(QStringLiteral("&Ficha"));
     layout->setMenuBar(menus);
     auto *buttons = new QHBoxLayout;
@@ -175,6 +179,21 @@ void FormView::build() {
     status_ = new QLabel(this);
     status_->setObjectName(QStringLiteral("StatusBar1"));
     layout->addWidget(status_);
+    // A window given the focus hands it to its grid, else to its first control.
+    QWidget *primero = nullptr;
+    for (forms::Component *c : form_->Components()) {
+        QWidget *w = widgets_.value(c);
+        if (!w || w->focusPolicy() == Qt::NoFocus || !c->Visible || !c->Enabled)
+            continue;
+        if (qobject_cast<QTableView *>(w)) {
+            primero = w;
+            break;
+        }
+        if (!primero)
+            primero = w;
+    }
+    if (primero)
+        setFocusProxy(primero);
 }
 
 // Typing into a data control writes its field (auto edit) and runs its change event.
@@ -198,19 +217,7 @@ void FormView::bindGrid(forms::DBGrid &grid, QTableView *view) {
     models_.insert(&grid, model);
     view->setModel(model);
     view->setItemDelegate(new CellDelegate(*model, *view));
-    // A column left at the default width grows with its text field, within reason.
-    for (int section = 0; section < model->columnCount(); ++section) {
-        const forms::GridColumn &c = grid.Columns.value(model->gridColumn(section));
-        const forms::Field *f = grid.DataSet() ? grid.DataSet()->FindField(c.FieldName) : nullptr;
-        int width = c.Width;
-        if (width == forms::GridColumn().Width && f && !f->IsNumeric() && f->Size > 8)
-            width = std::min(f->Size * 7 + 12, 320);
-        const QString titulo =
-            model->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
-        width =
-            std::max(width, view->horizontalHeader()->fontMetrics().horizontalAdvance(titulo) + 16);
-        view->setColumnWidth(section, width);
-    }
+    AjustarAnchosColumnas(*view, *model);
     view->setSelectionBehavior(QAbstractItemView::SelectItems);
     view->setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::DoubleClicked |
                           QAbstractItemView::EditKeyPressed);
@@ -231,6 +238,43 @@ void FormView::bindGrid(forms::DBGrid &grid, QTableView *view) {
                 if (!ok && was.isValid())
                     view->setCurrentIndex(was);
             });
+}
+
+// What the user is doing with the main table, in words.
+QString FormView::TextoEstado(forms::Dataset &d) {
+    if (!d.Active())
+        return {};
+    switch (d.State()) {
+    case forms::DatasetState::Insert:
+        return QStringLiteral("Agregando registro");
+    case forms::DatasetState::Edit:
+        return QStringLiteral("Modificando registro %1").arg(d.RecNo());
+    default:
+        return d.IsEmpty() ? QStringLiteral("Sin registros")
+                           : QStringLiteral("Registro %1").arg(d.RecNo());
+    }
+}
+
+// Wide enough for every grid's columns and tall enough for some rows; the
+// main window bounds it by its work area.
+QSize FormView::sizeHint() const {
+    QSize s = QWidget::sizeHint();
+    constexpr int kFilas = 14;
+    for (auto it = models_.cbegin(); it != models_.cend(); ++it) {
+        const auto *view = qobject_cast<QTableView *>(widgets_.value(it.key()));
+        if (!view || !it.key()->Visible)
+            continue;
+        int ancho = view->verticalHeader()->sizeHint().width() + 2 * view->frameWidth() +
+                    view->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+        for (int c = 0; c < it.value()->columnCount(); ++c)
+            ancho += view->isColumnHidden(c) ? 0 : view->columnWidth(c);
+        const int alto = view->horizontalHeader()->sizeHint().height() + 2 * view->frameWidth() +
+                         view->verticalHeader()->defaultSectionSize() * kFilas;
+        const QMargins m = layout()->contentsMargins();
+        s.setWidth(std::max(s.width(), ancho + m.left() + m.right()));
+        s.setHeight(s.height() + std::max(0, alto - view->sizeHint().height()));
+    }
+    return s;
 }
 
 QWidget *FormView::widgetFor(const QString &component) const {
@@ -274,6 +318,7 @@ void FormView::refresh() {
         auto *view = qobject_cast<QTableView *>(widgets_.value(it.key()));
         if (!d || !view)
             continue;
+        it.value()->sync();
         if (!d->IsPending() || it.value()->currentRow() >= it.value()->rowCount())
             it.value()->reload();
         const int row = it.value()->currentRow();
@@ -283,8 +328,7 @@ void FormView::refresh() {
     }
     for (forms::Dataset *d : form_->Datasets())
         if (d->Name() == QStringLiteral("Table1")) {
-            status_->setText(forms::NombreEstado(d->State()) + QStringLiteral("  ") +
-                             QString::number(d->Active() ? d->RecNo() : 0));
+            status_->setText(TextoEstado(*d));
             break;
         }
     refreshing_ = false;
@@ -313,6 +357,8 @@ bool FormView::eventFilter(QObject *watched, QEvent *event) {
             return true;
     } else if (event->type() == QEvent::KeyPress) {
         auto *k = static_cast<QKeyEvent *>(event);
+        if (letra(*k, true))
+            return true;
         form_->SetFocus(c);
         const Tecla tecla{k->key(), k->modifiers()};
         bool consumed = false;
@@ -332,6 +378,38 @@ bool FormView::eventFilter(QObject *watched, QEvent *event) {
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+bool FormView::letra(const QKeyEvent &key, bool actuar) {
+    if (key.modifiers() != Qt::AltModifier || key.key() < Qt::Key_0 || key.key() > Qt::Key_Z)
+        return false;
+    const QKeySequence pulsada(Qt::ALT | Qt::Key(key.key()));
+    for (QWidget *w : std::as_const(widgets_))
+        if (auto *b = qobject_cast<QAbstractButton *>(w);
+            b && b->isVisible() && b->isEnabled() && QKeySequence::mnemonic(b->text()) == pulsada) {
+            if (actuar)
+                b->click();
+            return true;
+        }
+    for (QAction *a : menus_->actions())
+        if (a->isEnabled() && QKeySequence::mnemonic(a->text()) == pulsada) {
+            if (actuar)
+                menus_->setActiveAction(a);
+            return true;
+        }
+    return false;
+}
+
+bool FormView::event(QEvent *event) {
+    // Taken here, the key comes back as a key press instead of the main menu's shortcut.
+    if (event->type() == QEvent::ShortcutOverride &&
+        letra(*static_cast<QKeyEvent *>(event), false)) {
+        event->accept();
+        return true;
+    }
+    if (event->type() == QEvent::KeyPress && letra(*static_cast<QKeyEvent *>(event), true))
+        return true;
+    return QWidget::event(event);
 }
 
 void FormView::closeEvent(QCloseEvent *event) {

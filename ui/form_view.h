@@ -2,8 +2,8 @@
 // `FormView`: draws any `Form` from its components and turns the user's acts
 // into calls of the form's logic. Grids show their dataset through a
 // `DatasetModel`; data edits and combo boxes are bound to their fields; buttons
-// run the form's clicks; menu items go under a "Ficha" menu; a status line shows
-// the dataset's state and place. Every key press and typed character goes to
+// run the form's clicks; menu items go under a "Ficha" menu; a status line says
+// in words what is being done with `Table1` and where. Every key press and typed character goes to
 // the key map first; what it consumes never reaches the widget. Focus changes
 // and grid column changes run the form's exit checks and are undone when they
 // stop. The view answers the form's font dialog (Ctrl+L) on its own widgets.
@@ -17,6 +17,8 @@
 #include <memory>
 
 class QLabel;
+class QKeyEvent;
+class QMenuBar;
 class QTableView;
 
 namespace co::ui {
@@ -34,11 +36,15 @@ public:
     QWidget *widgetFor(const QString &component) const;
     QTableView *grid(const QString &name) const;
     QString statusText() const;
+    // The status line's words for a table's state and place.
+    static QString TextoEstado(forms::Dataset &table);
+    QSize sizeHint() const override;
     // Re-reads every widget from the form's state.
     void refresh();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    bool event(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -53,6 +59,10 @@ private:
     QHash<QWidget *, forms::Component *> components_;
     QHash<forms::DBGrid *, DatasetModel *> models_;
     QLabel *status_ = nullptr;
+    QMenuBar *menus_ = nullptr;
+    // Alt+letter of this window's buttons and menu, before the main window's;
+    // true when one took it (`actuar` false: only tells whether one would).
+    bool letra(const QKeyEvent &key, bool actuar);
     bool refreshing_ = false;
 };
 

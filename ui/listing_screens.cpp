@@ -3,6 +3,7 @@
 #include "reports/listing_environment.h"
 #include "ui/main_window.h"
 #include "ui/report_preview.h"
+#include "ui/window_placement.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -17,8 +18,8 @@ void MdiPreview::QuickReportPreview(std::unique_ptr<Report> report) {
     QMdiSubWindow *w = mdi_->addSubWindow(preview);
     w->setObjectName(QStringLiteral("fGENEPREV"));
     w->setAttribute(Qt::WA_DeleteOnClose);
-    w->resize(mdi_->size() * 0.9);
     w->show();
+    ColocarVentana(*mdi_, *w, mdi_->viewport()->size() * 0.9);
     preview->setFocus();
     preview->Construir();
 }

@@ -5,6 +5,7 @@
 #include <QStatusBar>
 
 #include "core/text_utils.h"
+#include "ui/window_placement.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -15,6 +16,10 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QGuiApplication>
+#include <QAbstractButton>
+#include <QActionGroup>
+#include <QKeySequence>
+#include <QSet>
 
 namespace co::ui {
 
@@ -26,12 +31,22 @@ TfOBRAMENU::TfOBRAMENU(Messenger &mensajes, MenuPrincipal::Derechos derechos, Me
     setObjectName(QStringLiteral("fOBRAMENU"));
     setWindowTitle(NombrePrograma());
     mdi_->setObjectName(QStringLiteral("AreaMDI"));
+    // A maximised window does not make the next one open maximised.
+    mdi_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     setCentralWidget(mdi_);
     // At the screen's origin, the whole working area, with or without a window manager.
     if (QScreen *pantalla = QGuiApplication::primaryScreen())
         setGeometry(pantalla->availableGeometry());
     construirMenu();
-    connect(mdi_, &QMdiArea::subWindowActivated, this, [this] { actualizarAyuda(); });
+    connect(mdi_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *w) {
+        actualizarAyuda();
+        cederLetras();
+        // Ctrl+F4 belongs to the "Ventana" menu alone: two owners would cancel it out.
+        if (w && w->systemMenu())
+            for (QAction *a : w->systemMenu()->actions())
+                if (a->shortcuts().contains(QKeySequence(Qt::CTRL | Qt::Key_F4)))
+                    a->setShortcuts({});
+    });
 }
 
 TfOBRAMENU::~TfOBRAMENU() {
@@ -87,6 +102,42 @@ void TfOBRAMENU::MostrarEmpresa(const QString &abreviatura) {
 
 void TfOBRAMENU::RegistrarPantalla(const QString &formulario, Fabrica fabrica) {
     fabricas_.insert(formulario, std::move(fabrica));
+    actualizarDisponibles();
+}
+
+// An entry without its screen is shown disabled, and its tip says why.
+void TfOBRAMENU::actualizarDisponibles() {
+    for (const EntradaMenu &e : EntradasMenuPrincipal()) {
+        QAction *a = acciones_.value(e.componente);
+        if (!a)
+            continue;
+        const bool existe = fabricas_.contains(e.formulario);
+        a->setEnabled(existe && !partesApagadas_.contains(e.componente));
+        a->setToolTip(existe ? QString() : MenuPrincipal::TextoNoDisponible(SinAmpersand(e.caption)));
+    }
+}
+
+// The top menus whose Alt letter the active work window also uses give it up
+// while that window is active, so the window's buttons and menu answer it.
+void TfOBRAMENU::cederLetras() {
+    QSet<QKeySequence> usadas;
+    if (QMdiSubWindow *activa = mdi_->activeSubWindow(); activa && activa->widget()) {
+        for (const QAbstractButton *b : activa->widget()->findChildren<QAbstractButton *>())
+            usadas.insert(QKeySequence::mnemonic(b->text()));
+        for (const QMenuBar *barra : activa->widget()->findChildren<QMenuBar *>())
+            for (const QAction *a : barra->actions())
+                usadas.insert(QKeySequence::mnemonic(a->text()));
+    }
+    for (QAction *grupo : menuBar()->actions()) {
+        const QString propio = titulosGrupo_.value(grupo, grupo->text());
+        const QKeySequence letra = QKeySequence::mnemonic(propio);
+        if (!letra.isEmpty() && usadas.contains(letra)) {
+            titulosGrupo_.insert(grupo, propio);
+            grupo->setText(SinAmpersand(propio));
+        } else if (titulosGrupo_.contains(grupo)) {
+            grupo->setText(titulosGrupo_.take(grupo));
+        }
+    }
 }
 
 QAction *TfOBRAMENU::accion(const QString &componente) const { return acciones_.value(componente); }
@@ -120,7 +171,62 @@ void TfOBRAMENU::construirMenu() {
         const QString componente = e.componente;
         connect(a, &QAction::triggered, this, [this, componente] { menu_.Ejecutar(componente); });
     }
+    construirVentana();
     construirAyuda(grupos.value(QStringLiteral("A&yuda")));
+    actualizarDisponibles();
+}
+
+void TfOBRAMENU::construirVentana() {
+    QAction *antes = menuBar()->actions().value(menuBar()->actions().size() - 1);
+    ventana_ = new QMenu(QStringLiteral("&Ventana"), this);
+    ventana_->setObjectName(QStringLiteral("Ventana1"));
+    menuBar()->insertMenu(antes, ventana_);
+    auto add = [&](const char *componente, const QString &texto, auto accion) {
+        QAction *a = ventana_->addAction(texto);
+        a->setObjectName(QString::fromLatin1(componente));
+        acciones_.insert(a->objectName(), a);
+        connect(a, &QAction::triggered, this, accion);
+        return a;
+    };
+    add("Cascada1", QStringLiteral("&Cascada"), [this] { mdi_->cascadeSubWindows(); });
+    add("Mosaico1", QStringLiteral("&Mosaico"), [this] { mdi_->tileSubWindows(); });
+    QAction *cerrar =
+        add("CerrarVentana1", QStringLiteral("C&errar"), [this] { mdi_->closeActiveSubWindow(); });
+    cerrar->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F4));
+    add("CerrarTodas1", QStringLiteral("Cerrar &Todas"), [this] { mdi_->closeAllSubWindows(); });
+    ventana_->addSeparator();
+    connect(ventana_, &QMenu::aboutToShow, this, [this] { actualizarVentana(); });
+    connect(mdi_, &QMdiArea::subWindowActivated, this, [this] { actualizarVentana(); });
+    actualizarVentana();
+}
+
+// The arranging entries act when there are windows; then one entry per work
+// window, the active one checked.
+void TfOBRAMENU::actualizarVentana() {
+    const QList<QMdiSubWindow *> abiertas = mdi_->subWindowList(QMdiArea::CreationOrder);
+    for (const char *c : {"Cascada1", "Mosaico1", "CerrarVentana1", "CerrarTodas1"})
+        acciones_.value(QString::fromLatin1(c))->setEnabled(!abiertas.isEmpty());
+    // An entry may be the one being triggered: it goes once its signal is done.
+    for (QAction *a : std::as_const(listaVentanas_)) {
+        ventana_->removeAction(a);
+        a->deleteLater();
+    }
+    listaVentanas_.clear();
+    int n = 0;
+    for (QMdiSubWindow *w : abiertas) {
+        ++n;
+        const QString numero = n < 10 ? QStringLiteral("&%1 ").arg(n) : QStringLiteral("%1 ").arg(n);
+        QAction *a = ventana_->addAction(numero + w->windowTitle());
+        a->setObjectName(QStringLiteral("VentanaAbierta%1").arg(n));
+        a->setCheckable(true);
+        a->setChecked(w == mdi_->activeSubWindow());
+        connect(a, &QAction::triggered, this, [this, w] {
+            if (w->isMinimized())
+                w->showNormal();
+            mdi_->setActiveSubWindow(w);
+        });
+        listaVentanas_ << a;
+    }
 }
 
 void TfOBRAMENU::construirAyuda(QMenu *ayuda) {
@@ -169,16 +275,20 @@ void TfOBRAMENU::actualizarAyuda() {
 }
 
 void TfOBRAMENU::ConfigurarPartes(bool multiPartes, bool partesSeparados) {
+    partesApagadas_.clear();
     if (QAction *conjuntos = accion(QStringLiteral("IntroduccindePartesConjuntos1"))) {
-        conjuntos->setEnabled(multiPartes);
         conjuntos->setVisible(multiPartes);
+        if (!multiPartes)
+            partesApagadas_ << conjuntos->objectName();
     }
     for (const char *c : {"IntroduccindePartesdeTrabajo1", "IntroduccindePartesdeMateriales1",
                           "IntroduccindePartesdeMquina1", "IntroduccindePartesdeSubContratacin1"})
         if (QAction *a = accion(QString::fromLatin1(c))) {
-            a->setEnabled(partesSeparados);
             a->setVisible(partesSeparados);
+            if (!partesSeparados)
+                partesApagadas_ << a->objectName();
         }
+    actualizarDisponibles();
 }
 
 QList<AnfitrionVentanas::Ventana> TfOBRAMENU::ventanas() const {
@@ -198,7 +308,10 @@ bool TfOBRAMENU::crear(const QString &formulario, const QString &nombre) {
     QMdiSubWindow *w = mdi_->addSubWindow(pantalla);
     w->setObjectName(nombre);
     w->setAttribute(Qt::WA_DeleteOnClose);
+    ColocarVentana(*mdi_, *w, w->sizeHint());
     w->show();
+    ColocarVentana(*mdi_, *w, w->size());
+    pantalla->setFocus();
     return true;
 }
 

@@ -2,6 +2,11 @@
 // `TfOBRAMENU`: the main multi-document window with the menu of the program.
 // Its entries run through the menu logic of the core (rights by caption,
 // `AbrirFormulario`); the screens are created by factories registered by name.
+// An entry whose screen is not registered stays disabled, its tip saying so.
+// The "Ventana" menu arranges the work windows and lists them; Ctrl+F4 closes
+// the active one. A work window opens normal, sized to its content within the
+// work area. The Alt letters of the active work window win over the main
+// menu's: a top menu whose letter it uses loses its letter meanwhile.
 
 #include "core/main_menu.h"
 #include "core/messages.h"
@@ -62,6 +67,10 @@ protected:
 private:
     void construirMenu();
     void construirAyuda(QMenu *ayuda);
+    void construirVentana();
+    void actualizarVentana();
+    void actualizarDisponibles();
+    void cederLetras();
     void actualizarAyuda();
     void cambiarMoneda();
 
@@ -70,6 +79,10 @@ private:
     QMdiArea *mdi_;
     QHash<QString, Fabrica> fabricas_;
     QHash<QString, QAction *> acciones_;
+    QHash<QAction *, QString> titulosGrupo_; // top menus with their own letters
+    QMenu *ventana_ = nullptr;
+    QList<QAction *> listaVentanas_;
+    QStringList partesApagadas_;
     std::function<void()> cambioEmpresa_;
     std::function<void()> alCerrar_;
     std::function<void(bool)> cambioMoneda_;

@@ -4,6 +4,7 @@
 #include "forms/pick_list_check.h"
 #include "ui/dataset_model.h"
 #include "ui/font_dialog.h"
+#include "ui/grid_columns.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -54,6 +55,7 @@ public:
         model_ = new DatasetModel(grid_, ejecutar, view_);
         view_->setModel(model_);
         delete anterior;
+        AjustarAnchosColumnas(*view_, *model_);
         QObject::connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, view_,
                          [this](const QModelIndex &i) {
                              if (i.isValid())

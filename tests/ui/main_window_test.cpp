@@ -37,7 +37,9 @@ TEST_F(MainWindowFixture, WholeMenuWithCaptions) {
     QStringList tops;
     for (QAction *a : window.menuBar()->actions())
         tops << a->text();
-    EXPECT_EQ(tops, GruposMenuPrincipal());
+    QStringList esperados = GruposMenuPrincipal();
+    esperados.insert(esperados.size() - 1, QStringLiteral("&Ventana"));
+    EXPECT_EQ(tops, esperados);
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Control de Obras"));
     window.MostrarEmpresa(QStringLiteral("DEMO"));
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Control de Obras: DEMO"));
@@ -58,10 +60,16 @@ TEST_F(MainWindowFixture, ProgramsOpenByRightsAndSayWhenMissing) {
     EXPECT_EQ(window.mdi()->subWindowList().first()->objectName(), QStringLiteral("fOBRAUNID"));
     window.accion(QStringLiteral("MaestrodeUnidades1"))->trigger();
     EXPECT_EQ(window.mdi()->subWindowList().size(), 1);
-    // A screen this build does not have: told, nothing opens, nothing breaks.
-    window.accion(QStringLiteral("HistoricodeFacturas1"))->trigger();
-    EXPECT_EQ(port.texts().last(),
-              MenuPrincipal::TextoNoDisponible(QStringLiteral("Historico de Facturas")));
+    // A screen this build does not have: its entry is disabled and its tip says so.
+    QAction *historico = window.accion(QStringLiteral("HistoricodeFacturas1"));
+    EXPECT_FALSE(historico->isEnabled());
+    EXPECT_EQ(historico->toolTip(), MenuPrincipal::TextoNoDisponible(QStringLiteral("Historico de Facturas")));
+    EXPECT_TRUE(window.accion(QStringLiteral("MaestrodeUnidades1"))->isEnabled());
+    EXPECT_NE(window.accion(QStringLiteral("MaestrodeUnidades1"))->toolTip(),
+              MenuPrincipal::TextoNoDisponible(QStringLiteral("Maestro de Unidades")));
+    // Asked for all the same (a program opened by name): told, nothing opens.
+    EXPECT_FALSE(window.menu().Ejecutar(QStringLiteral("HistoricodeFacturas1")));
+    EXPECT_EQ(port.texts().last(), MenuPrincipal::TextoNoDisponible(QStringLiteral("Historico de Facturas")));
     EXPECT_EQ(window.mdi()->subWindowList().size(), 1);
 }
 
@@ -70,8 +78,16 @@ TEST_F(MainWindowFixture, ReportEntriesFollowTheWorksParameters) {
     EXPECT_FALSE(window.accion(QStringLiteral("IntroduccindePartesConjuntos1"))->isVisible());
     EXPECT_TRUE(window.accion(QStringLiteral("IntroduccindePartesdeTrabajo1"))->isVisible());
     window.ConfigurarPartes(true, false);
+    EXPECT_TRUE(window.accion(QStringLiteral("IntroduccindePartesConjuntos1"))->isVisible());
+    EXPECT_FALSE(window.accion(QStringLiteral("IntroduccindePartesdeMquina1"))->isEnabled());
+    // With its screen there, a visible entry acts; a hidden one does not.
+    for (const char *f : {"fOBRAMULT", "fOBRAPMAQ"})
+        window.RegistrarPantalla(QString::fromLatin1(f), [](QWidget *) { return new QLabel; });
     EXPECT_TRUE(window.accion(QStringLiteral("IntroduccindePartesConjuntos1"))->isEnabled());
     EXPECT_FALSE(window.accion(QStringLiteral("IntroduccindePartesdeMquina1"))->isEnabled());
+    window.ConfigurarPartes(false, true);
+    EXPECT_FALSE(window.accion(QStringLiteral("IntroduccindePartesConjuntos1"))->isEnabled());
+    EXPECT_TRUE(window.accion(QStringLiteral("IntroduccindePartesdeMquina1"))->isEnabled());
 }
 
 using DesktopStart = test::DesktopTest;
