@@ -4,7 +4,7 @@
 #include "core/sql_text.h"
 #include "core/users.h"
 #include "forms/pick_list_check.h"
-#include "forms/table_catalog.h"
+#include "core/table_catalog.h"
 #include "forms/value_filters.h"
 
 namespace co::forms {
