@@ -7,26 +7,29 @@
 #include "core/text_utils.h"
 #include "ui/window_placement.h"
 
+#include <QAbstractButton>
+#include <QActionGroup>
+#include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QKeySequence>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QScreen>
-#include <QGuiApplication>
-#include <QAbstractButton>
-#include <QActionGroup>
-#include <QKeySequence>
 #include <QSet>
+#include <QTimer>
 
 namespace co::ui {
 
-TfOBRAMENU::TfOBRAMENU(Messenger &mensajes, MenuPrincipal::Derechos derechos, MenuPrincipal::Actividad actividad,
-                       QWidget *parent)
+TfOBRAMENU::TfOBRAMENU(Messenger &mensajes, MenuPrincipal::Derechos derechos,
+                       MenuPrincipal::Actividad actividad, QWidget *parent)
     : QMainWindow(parent), mensajes_(mensajes),
-      menu_(*this, std::move(derechos), [this](const QString &t) { mensajes_.MensajeA(t); }, actividad),
+      menu_(
+          *this, std::move(derechos), [this](const QString &t) { mensajes_.MensajeA(t); },
+          actividad),
       mdi_(new QMdiArea(this)), actividad_(std::move(actividad)) {
     setObjectName(QStringLiteral("fOBRAMENU"));
     setWindowTitle(NombrePrograma());
@@ -40,7 +43,7 @@ TfOBRAMENU::TfOBRAMENU(Messenger &mensajes, MenuPrincipal::Derechos derechos, Me
     construirMenu();
     connect(mdi_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *w) {
         actualizarAyuda();
-        cederLetras();
+        cederLetras(w);
         // Ctrl+F4 belongs to the "Ventana" menu alone: two owners would cancel it out.
         if (w && w->systemMenu())
             for (QAction *a : w->systemMenu()->actions())
@@ -113,15 +116,16 @@ void TfOBRAMENU::actualizarDisponibles() {
             continue;
         const bool existe = fabricas_.contains(e.formulario);
         a->setEnabled(existe && !partesApagadas_.contains(e.componente));
-        a->setToolTip(existe ? QString() : MenuPrincipal::TextoNoDisponible(SinAmpersand(e.caption)));
+        a->setToolTip(existe ? QString()
+                             : MenuPrincipal::TextoNoDisponible(SinAmpersand(e.caption)));
     }
 }
 
 // The top menus whose Alt letter the active work window also uses give it up
 // while that window is active, so the window's buttons and menu answer it.
-void TfOBRAMENU::cederLetras() {
+void TfOBRAMENU::cederLetras(QMdiSubWindow *activa) {
     QSet<QKeySequence> usadas;
-    if (QMdiSubWindow *activa = mdi_->activeSubWindow(); activa && activa->widget()) {
+    if (activa && activa->widget()) {
         for (const QAbstractButton *b : activa->widget()->findChildren<QAbstractButton *>())
             usadas.insert(QKeySequence::mnemonic(b->text()));
         for (const QMenuBar *barra : activa->widget()->findChildren<QMenuBar *>())
@@ -140,7 +144,9 @@ void TfOBRAMENU::cederLetras() {
     }
 }
 
-QAction *TfOBRAMENU::accion(const QString &componente) const { return acciones_.value(componente); }
+QAction *TfOBRAMENU::accion(const QString &componente) const {
+    return acciones_.value(componente);
+}
 
 void TfOBRAMENU::construirMenu() {
     QHash<QString, QMenu *> grupos;
@@ -153,8 +159,8 @@ void TfOBRAMENU::construirMenu() {
         return a;
     };
     QMenu *archivo = grupos.value(QStringLiteral("&Archivo"));
-    connect(add(archivo, QStringLiteral("CambioEmpresa1"), QStringLiteral("Cambio de &Empresa")), &QAction::triggered,
-            this, [this] {
+    connect(add(archivo, QStringLiteral("CambioEmpresa1"), QStringLiteral("Cambio de &Empresa")),
+            &QAction::triggered, this, [this] {
                 if (cambioEmpresa_)
                     cambioEmpresa_();
             });
@@ -164,7 +170,8 @@ void TfOBRAMENU::construirMenu() {
     moneda->setChecked(true);
     connect(moneda, &QAction::triggered, this, [this] { cambiarMoneda(); });
     archivo->addSeparator();
-    connect(add(archivo, QStringLiteral("Salir1"), QStringLiteral("&Salir")), &QAction::triggered, this, &QWidget::close);
+    connect(add(archivo, QStringLiteral("Salir1"), QStringLiteral("&Salir")), &QAction::triggered,
+            this, &QWidget::close);
 
     for (const EntradaMenu &e : EntradasMenuPrincipal()) {
         QAction *a = add(grupos.value(e.grupo), e.componente, e.caption);
@@ -215,7 +222,8 @@ void TfOBRAMENU::actualizarVentana() {
     int n = 0;
     for (QMdiSubWindow *w : abiertas) {
         ++n;
-        const QString numero = n < 10 ? QStringLiteral("&%1 ").arg(n) : QStringLiteral("%1 ").arg(n);
+        const QString numero =
+            n < 10 ? QStringLiteral("&%1 ").arg(n) : QStringLiteral("%1 ").arg(n);
         QAction *a = ventana_->addAction(numero + w->windowTitle());
         a->setObjectName(QStringLiteral("VentanaAbierta%1").arg(n));
         a->setCheckable(true);
@@ -238,7 +246,8 @@ void TfOBRAMENU::construirAyuda(QMenu *ayuda) {
         return a;
     };
     auto abrirAyuda = [this] {
-        const QString chm = QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("NAROWIN.CHM"));
+        const QString chm =
+            QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("NAROWIN.CHM"));
         if (!QFileInfo::exists(chm))
             mensajes_.MensajeA(QStringLiteral("¡No existe el archivo de ayuda!"));
         else
@@ -252,10 +261,12 @@ void TfOBRAMENU::construirAyuda(QMenu *ayuda) {
     connect(deVentana, &QAction::triggered, this, abrirAyuda);
     ayuda->addSeparator();
     add(QStringLiteral("LoNuevode"), QStringLiteral("Lo &Nuevo de ") + programa);
-    connect(add(QStringLiteral("AcercadeMenu"), QStringLiteral("A&cerca de ") + programa), &QAction::triggered, this,
-            [this, programa] {
-                mensajes_.MostrarMensaje(u' ', QStringLiteral("Acerca de ") + programa + QStringLiteral("\r\n\r\n") + programa +
-                                                   QStringLiteral("\r\nVersión ") + QCoreApplication::applicationVersion());
+    connect(add(QStringLiteral("AcercadeMenu"), QStringLiteral("A&cerca de ") + programa),
+            &QAction::triggered, this, [this, programa] {
+                mensajes_.MostrarMensaje(u' ', QStringLiteral("Acerca de ") + programa +
+                                                   QStringLiteral("\r\n\r\n") + programa +
+                                                   QStringLiteral("\r\nVersión ") +
+                                                   QCoreApplication::applicationVersion());
             });
 }
 
@@ -307,6 +318,10 @@ bool TfOBRAMENU::crear(const QString &formulario, const QString &nombre) {
         return false;
     QMdiSubWindow *w = mdi_->addSubWindow(pantalla);
     w->setObjectName(nombre);
+    // The last window closed activates none: the main menu takes its letters back.
+    connect(w, &QObject::destroyed, this, [this] {
+        QTimer::singleShot(0, this, [this] { cederLetras(mdi_->activeSubWindow()); });
+    });
     w->setAttribute(Qt::WA_DeleteOnClose);
     ColocarVentana(*mdi_, *w, w->sizeHint());
     w->show();

@@ -15,6 +15,7 @@
 #include <QMainWindow>
 #include <functional>
 
+class QMdiSubWindow;
 class QMdiArea;
 class QAction;
 class QMenu;
@@ -26,8 +27,8 @@ class TfOBRAMENU : public QMainWindow, public AnfitrionVentanas {
 public:
     using Fabrica = std::function<QWidget *(QWidget *parent)>;
 
-    TfOBRAMENU(Messenger &mensajes, MenuPrincipal::Derechos derechos, MenuPrincipal::Actividad actividad = {},
-               QWidget *parent = nullptr);
+    TfOBRAMENU(Messenger &mensajes, MenuPrincipal::Derechos derechos,
+               MenuPrincipal::Actividad actividad = {}, QWidget *parent = nullptr);
     ~TfOBRAMENU() override;
 
     static QString NombrePrograma() { return QStringLiteral("Control de Obras"); }
@@ -40,7 +41,9 @@ public:
     void setCambioEmpresa(std::function<void()> handler) { cambioEmpresa_ = std::move(handler); }
     // `VerDatosenMonedaNacionalOEuro`: each click inverts the entry, shows the
     // panel with the symbol of the shown currency and runs the handler.
-    void setCambioMoneda(std::function<void(bool verOtraMoneda)> handler) { cambioMoneda_ = std::move(handler); }
+    void setCambioMoneda(std::function<void(bool verOtraMoneda)> handler) {
+        cambioMoneda_ = std::move(handler);
+    }
     void setMonedaBaseEsEuro(bool euro) { monedaBaseEsEuro_ = euro; }
     bool VerOtraMoneda() const;
     QString PanelMoneda() const;
@@ -70,7 +73,7 @@ private:
     void construirVentana();
     void actualizarVentana();
     void actualizarDisponibles();
-    void cederLetras();
+    void cederLetras(QMdiSubWindow *activa);
     void actualizarAyuda();
     void cambiarMoneda();
 

@@ -15,11 +15,13 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QThread>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace co {
@@ -142,17 +144,12 @@ public:
             return;
         exec(QStringLiteral("CREATE ROLE %1 LOGIN SUPERUSER PASSWORD 'bueno'").arg(name_));
         hba_ = value(QStringLiteral("SHOW hba_file"));
-        original_ = contenido(hba_);
-        QFile f(hba_);
-        ok_ = !original_.isEmpty() && f.open(QIODevice::WriteOnly | QIODevice::Truncate);
+        // Tests run side by side: each adds and later takes out only its own
+        // lines, one at a time.
+        ok_ =
+            !hba_.isEmpty() && cambiarHba([this](const QByteArray &hba) { return lineas() + hba; });
         if (!ok_)
             return;
-        f.write(QStringLiteral(
-                    "host all %1 127.0.0.1/32 scram-sha-256\nhost all %1 ::1/128 scram-sha-256\n")
-                    .arg(name_)
-                    .toUtf8() +
-                original_);
-        f.close();
         exec(QStringLiteral("SELECT pg_reload_conf()"));
         // The server reads the file again on its own time: wait until it asks.
         ok_ = false;
@@ -163,11 +160,8 @@ public:
         }
     }
     ~PasswordRole() {
-        if (!hba_.isEmpty() && !original_.isEmpty()) {
-            QFile f(hba_);
-            if (f.open(QIODevice::WriteOnly | QIODevice::Truncate))
-                f.write(original_);
-            f.close();
+        if (!hba_.isEmpty()) {
+            cambiarHba([this](QByteArray hba) { return hba.replace(lineas(), QByteArray()); });
             exec(QStringLiteral("SELECT pg_reload_conf()"));
         }
         exec(QStringLiteral("DROP OWNED BY %1 CASCADE").arg(name_));
@@ -213,8 +207,24 @@ private:
         return q.exec(sql) && q.next() ? q.value(0).toString() : QString();
     }
     QString name_;
+    QByteArray lineas() const {
+        return QStringLiteral("host all %1 127.0.0.1/32 scram-sha-256\nhost all %1 ::1/128 "
+                              "scram-sha-256\n")
+            .arg(name_)
+            .toUtf8();
+    }
+    // Rewrites the server's pg_hba.conf in place under a lock shared by the tests.
+    bool cambiarHba(const std::function<QByteArray(const QByteArray &)> &cambio) {
+        QLockFile cerrojo(QDir::temp().filePath(QStringLiteral("co-test-pg-hba.lock")));
+        if (!cerrojo.lock())
+            return false;
+        const QByteArray antes = contenido(hba_);
+        QFile f(hba_);
+        if (antes.isEmpty() || !f.open(QIODevice::WriteOnly | QIODevice::Truncate))
+            return false;
+        return f.write(cambio(antes)) > 0;
+    }
     QString hba_;
-    QByteArray original_;
     bool ok_ = false;
 };
 

@@ -121,6 +121,8 @@ TEST_P(WorkWindows, TheActiveWindowOwnsItsAltLetters) {
     EXPECT_EQ(menuDeAlt(Qt::Key_F), QStringLiteral("&Ficha"));
     // The main menu keeps its other letters.
     EXPECT_EQ(menuDeAlt(Qt::Key_M), QStringLiteral("&Maestros"));
+    // The dropped menu took the focus; the clerk is back on the grid.
+    w->widget()->findChild<QTableView *>()->setFocus();
     tecla(Qt::Key_A, Qt::AltModifier); // &Agregar, not &Archivo
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     EXPECT_EQ(dynamic_cast<FormView *>(w->widget())->statusText(),
@@ -128,6 +130,9 @@ TEST_P(WorkWindows, TheActiveWindowOwnsItsAltLetters) {
     // Closed, the main menu has its letters back.
     port_.answer(QStringLiteral("NO"));
     w->close();
+    QTest::qWait(0);
+    // The clerk is back on the main window (offscreen, a closed menu stays "active").
+    session_->ventana()->activateWindow();
     QTest::qWait(0);
     EXPECT_EQ(menuDeAlt(Qt::Key_A), QStringLiteral("&Archivo"));
 }
