@@ -243,6 +243,8 @@ private:
     FilterLookup lookupFor(const Row *row) const;
     bool firstAccepted();
     bool lastAccepted();
+    // SetKey with `values` in the index fields, in order.
+    void ponerClave(const QVariantList &values);
     // First (false) or Last (true): the move, its flags and its events.
     void irAlExtremo(bool ultimo);
     bool nextAccepted();

@@ -117,19 +117,16 @@ void Dataset::GotoNearest() {
 }
 
 bool Dataset::FindKey(const QVariantList &values) {
-    SetKey();
-    const QStringList index = IndexFields();
-    try {
-        for (int i = 0; i < values.size() && i < index.size(); ++i)
-            FieldByName(index[i]).SetValue(values[i]);
-    } catch (...) {
-        setState(DatasetState::Browse);
-        throw;
-    }
+    ponerClave(values);
     return GotoKey();
 }
 
 void Dataset::FindNearest(const QVariantList &values) {
+    ponerClave(values);
+    GotoNearest();
+}
+
+void Dataset::ponerClave(const QVariantList &values) {
     SetKey();
     const QStringList index = IndexFields();
     try {
@@ -139,7 +136,6 @@ void Dataset::FindNearest(const QVariantList &values) {
         setState(DatasetState::Browse);
         throw;
     }
-    GotoNearest();
 }
 
 int Dataset::compareTyped(ColumnKind kind, const QVariant &a, const QVariant &b) {

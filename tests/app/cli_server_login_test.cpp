@@ -127,18 +127,7 @@ CO_ON_BOTH_BACKENDS(NewInstallation);
 class PasswordRole {
 public:
     PasswordRole() : name_(test::uniqueName(QStringLiteral("co_clave")).toLower()) {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), name_);
-        for (const QString &word : test::postgresConnInfo().split(u' ')) {
-            const QString key = word.section(u'=', 0, 0), value = word.section(u'=', 1);
-            if (key == u"host")
-                db.setHostName(value);
-            else if (key == u"port")
-                db.setPort(value.toInt());
-            else if (key == u"user")
-                db.setUserName(value);
-            else if (key == u"dbname")
-                db.setDatabaseName(value);
-        }
+        QSqlDatabase db = test::serverConnection(name_, test::postgresConnInfo());
         ok_ = db.open();
         if (!ok_)
             return;
