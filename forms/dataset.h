@@ -243,6 +243,8 @@ private:
     FilterLookup lookupFor(const Row *row) const;
     bool firstAccepted();
     bool lastAccepted();
+    // The leading index fields set in the key buffer, up to the first unset one.
+    QVariantList valoresClave() const;
     // SetKey with `values` in the index fields, in order.
     void ponerClave(const QVariantList &values);
     // First (false) or Last (true): the move, its flags and its events.

@@ -61,10 +61,7 @@ void Dataset::SetKey() {
     setState(DatasetState::SetKey);
 }
 
-bool Dataset::GotoKey() {
-    checkActive();
-    if (state_ != DatasetState::SetKey)
-        throw EDatabaseError(QStringLiteral("Dataset not in edit or insert mode"));
+QVariantList Dataset::valoresClave() const {
     QVariantList values;
     for (const QString &name : IndexFields()) {
         const int i = fieldIndexOf(name);
@@ -72,6 +69,14 @@ bool Dataset::GotoKey() {
             break;
         values << keyBuffer_[i];
     }
+    return values;
+}
+
+bool Dataset::GotoKey() {
+    checkActive();
+    if (state_ != DatasetState::SetKey)
+        throw EDatabaseError(QStringLiteral("Dataset not in edit or insert mode"));
+    const QVariantList values = valoresClave();
     setState(DatasetState::Browse);
     fire(QStringLiteral("BeforeScroll"));
     const Bookmark here = empty_ ? Bookmark() : srcBookmark();
@@ -91,15 +96,7 @@ bool Dataset::GotoKey() {
 
 void Dataset::GotoNearest() {
     checkActive();
-    QVariantList values;
-    if (state_ == DatasetState::SetKey) {
-        for (const QString &name : IndexFields()) {
-            const int i = fieldIndexOf(name);
-            if (i < 0 || keyBuffer_[i].isNull())
-                break;
-            values << keyBuffer_[i];
-        }
-    }
+    const QVariantList values = state_ == DatasetState::SetKey ? valoresClave() : QVariantList();
     setState(DatasetState::Browse);
     fire(QStringLiteral("BeforeScroll"));
     bool found = srcSeek(values, true);
