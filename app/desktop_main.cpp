@@ -10,8 +10,6 @@
 
 #include <QApplication>
 
-using co::Messenger;
-
 int main(int argc, char **argv) {
     co::ui::ControlObrasApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Control de Obras"));
@@ -31,9 +29,7 @@ int main(int argc, char **argv) {
     session.AbrirAlArrancar(abrir);
     if (!session.Arrancar())
         return 0;
-    Messenger &mensajes = session.aplicacion().sesion().mensajes();
     // An "E" message ends the application, as the failure handler expects.
-    mensajes.setTerminator([] { QApplication::exit(1); });
-    app.setMessenger(&mensajes);
+    session.aplicacion().sesion().mensajes().setTerminator([] { QApplication::exit(1); });
     return QApplication::exec();
 }

@@ -111,8 +111,9 @@ bool MenuPrincipal::AbrirFormulario(const QString &formulario, const QString &op
             actividad_(nombre, accion);
     };
     if (opciones.contains(QStringLiteral("Create"))) {
-        if (encontrada)
-            anfitrion_.cerrar(encontrada->nombre);
+        // A window that keeps a pending record stays, and no second one opens.
+        if (encontrada && !anfitrion_.cerrar(encontrada->nombre))
+            return false;
     } else if (encontrada) {
         if (encontrada->minimizada) {
             anfitrion_.restaurar(encontrada->nombre);

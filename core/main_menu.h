@@ -38,7 +38,8 @@ public:
     virtual QList<Ventana> ventanas() const = 0;
     // Creates the window of a form; false when this build has no such screen.
     virtual bool crear(const QString &formulario, const QString &nombre) = 0;
-    virtual void cerrar(const QString &nombre) = 0;
+    // Closes a window through its close query; false when it refused.
+    virtual bool cerrar(const QString &nombre) = 0;
     virtual void restaurar(const QString &nombre) = 0;
     virtual void mostrar(const QString &nombre) = 0;
 };

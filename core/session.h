@@ -15,6 +15,7 @@
 #include "core/crash_points.h"
 #include "core/installation.h"
 #include "core/messages.h"
+#include "core/session_failures.h"
 
 #include <QHash>
 #include <QSqlDatabase>
@@ -53,6 +54,8 @@ public:
     // The server password the next connection is made with.
     void setClaveServidor(const QString &clave) { settings_.ClaveInicioSesion = clave; }
     Messenger &mensajes() { return messenger_; }
+    // The handler of failures no code caught (session_failures.h).
+    ManejadorFallos &fallos() { return fallos_; }
     // The keyboard state of the session's record screens (keystroke_log.h).
     EstadoTeclado &Teclado() { return *teclado_; }
     // The crash-test seam of this process (see crash_points.h).
@@ -105,6 +108,7 @@ private:
     InstallationSettings settings_;
     Backend backend_ = Backend::SQLite;
     Messenger messenger_;
+    ManejadorFallos fallos_{*this};
     ConsoleMessages console_;
     CrashPoints crashPoints_;
     std::unique_ptr<EstadoTeclado> teclado_;

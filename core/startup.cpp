@@ -84,6 +84,7 @@ bool Aplicacion::Iniciar() {
     sesion_ = std::make_unique<TfGENEINIC>(instalacion_, port_);
     TfGENEINIC &s = *sesion_;
     s.ArchivoINI = archivoINI;
+    s.fallos().nivelIncidencias = configuracion_.NivelCapturaIncidencias;
 
     instancia_ = std::make_unique<co::NumeroInstancia>(instalacion_.PathBaseDatosGeneral);
     if (instancia_->numero() == 0) {
@@ -211,9 +212,18 @@ int Aplicacion::EmpresaInicial() {
     return ok ? codigo : 0;
 }
 
+bool Aplicacion::EmpresaAccesible(int codigo) {
+    if (codigo <= 0 || !UsuarioAccedeEmpresa(*datos_, sesion_->CodigoUsuario, codigo))
+        return false;
+    Consulta empresa;
+    empresa.DatabaseName = kConexionGeneral;
+    empresa.SQL = QStringLiteral("SELECT Codigo FROM EMPRESA WHERE Codigo = %1").arg(datos_->FormatoLiteralSQL(codigo));
+    return datos_->AbrirConsulta(empresa, QStringLiteral("Silencio")) && empresa.RecordCount() > 0;
+}
+
 bool Aplicacion::SeleccionarEmpresa(int codigo) {
     TfGENEINIC &s = *sesion_;
-    if (!UsuarioAccedeEmpresa(*datos_, s.CodigoUsuario, codigo)) {
+    if (!EmpresaAccesible(codigo)) {
         s.CodigoEmpresa = 0;
         return false;
     }

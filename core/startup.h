@@ -50,6 +50,9 @@ public:
     bool Identificar();
     // The user's first company, 0 when none.
     int EmpresaInicial();
+    // The user may enter the company and it has its record in `EMPRESA`; a
+    // code without a record is never connected, so nothing is made for it.
+    bool EmpresaAccesible(int codigo);
     // `SeleccionarEmpresa`: rights, the company's record, the connection.
     bool SeleccionarEmpresa(int codigo);
 
@@ -59,6 +62,7 @@ public:
     // The session's translator; nullptr without a language (`T=`).
     Translator *traductor() { return traductor_.get(); }
     const ConfiguracionINI &configuracion() const { return configuracion_; }
+    const OpcionesArranque &opciones() const { return opciones_; }
     const SesionUsuario &usuario() const { return usuario_; }
     // The currency values of the selected company.
     const CurrencyValues &monedas() const { return monedas_; }

@@ -2,8 +2,7 @@
 
 #include "core/connection_words.h"
 #include "core/failure_handler.h"
-#include "core/ini_configuration.h"
-#include "core/ini_file.h"
+#include "core/session_failures.h"
 #include "core/sql_text.h"
 
 #include <QDir>
@@ -71,7 +70,7 @@ bool AperturaTablas::abrir(TablaAbrible &tabla, Origen origen) {
                             QStringLiteral(" DataBase: ") + conexion);
     sesion.mensajes().MensajeA(QStringLiteral("TRADUCIR: ") + fallo + QStringLiteral(" Tabla: ") + tabla.TableName() +
                                u'(' + tabla.ComponentName() + u')' + QStringLiteral(" DataBase: ") + conexion);
-    ComprobarReconstruccion(tabla.TableName(), fallo);
+    AnotarReconstruccion(sesion, tabla.TableName(), fallo);
     return false;
 }
 
@@ -102,22 +101,6 @@ bool AperturaTablas::AbrirTablasForm(FormularioTablas &form) {
     if (form.cursorEspera)
         form.cursorEspera(false);
     return ok;
-}
-
-void AperturaTablas::ComprobarReconstruccion(const QString &tabla, const QString &fallo) {
-    TfGENEINIC &sesion = datos_.sesion();
-    const QString upper = fallo.toUpper();
-    if (sesion.backend() != Backend::SQLite || sesion.ArchivoINI.isEmpty() ||
-        !(upper.contains(QStringLiteral("INDEX")) || upper.contains(QStringLiteral("CORRUPT"))))
-        return;
-    const IniFile ini = IniFile::load(sesion.ArchivoINI);
-    QStringList tablas = ini.value(kSeccionReconstruccion, QStringLiteral("Tablas")).value_or(QString())
-                             .split(u',', Qt::SkipEmptyParts);
-    // Always a multi-company session: the table goes with its company's folder.
-    tablas << sesion.PathBaseDatos + u'\\' + tabla;
-    tablas.removeDuplicates();
-    tablas.sort();
-    EscribirClaveINI(sesion.ArchivoINI, kSeccionReconstruccion, QStringLiteral("Tablas"), tablas.join(u','));
 }
 
 } // namespace co

@@ -48,10 +48,6 @@ public:
     bool AperturaTablaOK(TablaAbrible &tabla);
     bool AbrirTablasForm(FormularioTablas &form);
 
-    // Notes a damaged embedded table in the INI file (section "Reconstrucción
-    // Automática de Tablas", key "Tablas"): sorted, without repeats.
-    void ComprobarReconstruccion(const QString &tabla, const QString &fallo);
-
 private:
     enum class Origen { AperturaTablaOK, AbrirTablasForm };
     bool abrir(TablaAbrible &tabla, Origen origen);

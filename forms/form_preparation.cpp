@@ -120,6 +120,9 @@ void PrepararForm(Form &form, RutinasFormulario &rutinas, const OpcionesPreparac
         previa->Checked = o.visualizacionPrevia;
     rutinas.ModoAdministrador = o.modoAdministrador;
     rutinas.DerechosUsuarioActivos = o.derechosActivos;
+    rutinas.RegistroAccesosActivado = o.registroAccesos;
+    rutinas.ResponsabilidadDocumentalActivada = o.responsabilidadDocumental;
+    rutinas.MensajeriaInterna = o.mensajeriaInterna;
     ocultarControles(form, rutinas, o);
     documentosYBusquedas(form, rutinas, o);
 }

@@ -24,6 +24,9 @@ struct OpcionesPreparacion {
     bool derechosActivos = false;          // user rights are checked
     bool visualizacionPrevia = false;      // `VisualizacionPreviaActivada`
     bool documentacionElectronica = false; // electronic documents in use
+    bool registroAccesos = false;          // `RegistroAccesosActivado`: Ctrl+A shows the history
+    bool responsabilidadDocumental = false; // `ResponsabilidadDocumentalActivada`
+    bool mensajeriaInterna = false;        // `MensajeriaInternaActivada`
 };
 
 QString ClaseFormulario(const Form &form);

@@ -178,7 +178,7 @@ bool RutinasFormulario::Ejecutar(const std::function<void()> &accion) {
     } catch (const EAbort &) {
         return false;
     } catch (const EDatabaseError &e) {
-        MostrarFallo(GestionExcepciones(e.Texto()), datos_.sesion().mensajes());
+        datos_.sesion().fallos().Gestionar(e.Texto(), Origen);
         return false;
     }
 }

@@ -51,6 +51,10 @@ public:
     // Windows of later parts opened by the key map.
     VentanasFormulario Ventanas;
 
+    // Told to the session's failure handler with each failure of the form: its
+    // main table (set at opening) and how the desktop closes its window.
+    OrigenFallo Origen;
+
     // Settings read from the general parameters and the configuration.
     QString SolicitarCamposUsuario = QStringLiteral("NO");
     bool ResponsabilidadDocumentalActivada = false;

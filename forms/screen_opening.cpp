@@ -13,6 +13,9 @@ EntornoPantallas EntornoDeSesion(Aplicacion &aplicacion) {
     entorno.preparacion.modoAdministrador = cfg.ModoAdministradorActivado;
     entorno.preparacion.modoControlesNoVisibles = cfg.ModoControlesNoVisiblesActivado;
     entorno.preparacion.visualizacionPrevia = cfg.VisualizacionPreviaActivada;
+    entorno.preparacion.registroAccesos = cfg.RegistroAccesosActivado;
+    entorno.preparacion.responsabilidadDocumental = cfg.ResponsabilidadDocumentalActivada;
+    entorno.preparacion.mensajeriaInterna = cfg.MensajeriaInternaActivada;
     // A session has a logged-in user, so rights always apply.
     entorno.preparacion.derechosActivos = true;
     entorno.monedas = &aplicacion.monedas();
@@ -23,6 +26,7 @@ EntornoPantallas EntornoDeSesion(Aplicacion &aplicacion) {
 bool AbrirPantalla(MaestroTabla &pantalla, const EntornoPantallas &entorno) {
     RutinasFormulario &rutinas = pantalla.Rutinas();
     PrepararForm(pantalla, rutinas, entorno.preparacion);
+    rutinas.Origen.tabla = pantalla.Table1().TableName();
     if (entorno.monedas)
         PresentarMonedas(pantalla, *entorno.monedas, entorno.verOtraMoneda);
     AperturaTablas apertura(entorno.datos, entorno.creador);

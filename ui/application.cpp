@@ -1,9 +1,8 @@
 #include "ui/application.h"
 
 #include "core/failure.h"
-#include "core/failure_handler.h"
+#include "forms/dataset_errors.h"
 
-#include <QCursor>
 #include <QLibraryInfo>
 
 namespace co::ui {
@@ -18,21 +17,16 @@ ControlObrasApplication::ControlObrasApplication(int &argc, char **argv)
 bool ControlObrasApplication::notify(QObject *receiver, QEvent *event) {
     try {
         return QApplication::notify(receiver, event);
+    } catch (const forms::EAbort &) {
+        // The silent abort: its raiser has told the user already.
     } catch (const Failure &f) {
-        GestionarFallo(f.text());
+        if (gestor_)
+            gestor_(receiver, f.text());
     } catch (const std::exception &e) {
-        GestionarFallo(QString::fromUtf8(e.what()));
+        if (gestor_)
+            gestor_(receiver, QString::fromUtf8(e.what()));
     }
     return false;
-}
-
-void ControlObrasApplication::GestionarFallo(const QString &texto) {
-    if (!mensajes_)
-        return;
-    FailureHooks hooks;
-    hooks.restoreCursor = [] { QApplication::restoreOverrideCursor(); };
-    hooks.busyCursor = [] { QApplication::setOverrideCursor(Qt::WaitCursor); };
-    MostrarFallo(GestionExcepciones(texto), *mensajes_, hooks);
 }
 
 } // namespace co::ui

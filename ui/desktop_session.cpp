@@ -1,4 +1,5 @@
 #include "ui/desktop_session.h"
+#include "ui/application.h"
 #include "ui/form_view.h"
 #include "ui/screens.h"
 
@@ -8,6 +9,7 @@
 #include "ui/listing_screens.h"
 
 #include "core/activity_log.h"
+#include "core/connection_words.h"
 #include "core/keystroke_log.h"
 #include "forms/searches.h"
 
@@ -26,6 +28,8 @@ DesktopSession::DesktopSession(OpcionesArranque opciones, MessagePort *port)
       aplicacion_(std::make_unique<Aplicacion>(std::move(opciones), port_)) {}
 
 DesktopSession::~DesktopSession() {
+    if (auto *app = dynamic_cast<ControlObrasApplication *>(QCoreApplication::instance()))
+        app->setGestorFallos({});
     if (qApp)
         qApp->removeEventFilter(this);
     ventana_.reset();
@@ -34,6 +38,13 @@ DesktopSession::~DesktopSession() {
 bool DesktopSession::Arrancar() {
     if (!aplicacion_->Iniciar())
         return false;
+    ManejadorFallos &fallos = aplicacion_->sesion().fallos();
+    fallos.cursorEspera = [] { QApplication::setOverrideCursor(Qt::WaitCursor); };
+    fallos.cursorNormal = [] { QApplication::restoreOverrideCursor(); };
+    if (auto *app = dynamic_cast<ControlObrasApplication *>(QCoreApplication::instance()))
+        app->setGestorFallos([this](QObject *receptor, const QString &texto) {
+            GestionarFallo(receptor, texto);
+        });
     TModuloDatos &datos = aplicacion_->datos();
     Messenger &mensajes = aplicacion_->sesion().mensajes();
     ventana_ = std::make_unique<TfOBRAMENU>(
@@ -119,14 +130,16 @@ QString ExtraerProgramaAbrir(QStringList &argumentos) {
 void DesktopSession::registrarActividad(const QString &ventana, const QString &accion) {
     ActivityLogContext contexto;
     contexto.enabled = aplicacion_->configuracion().MonitorizarActividadUsuario;
-    contexto.folder = aplicacion_->sesion().PathBaseDatosGeneral;
+    // The application folder: each machine keeps its own users' logs.
+    contexto.folder = aplicacion_->opciones().carpetaAplicacion;
     contexto.user = NombreUsuarioSistema();
     contexto.machineName = QSysInfo::machineHostName();
     contexto.now = QDateTime::currentDateTime();
     QString titulo;
-    for (QMdiSubWindow *w : ventana_->mdi()->subWindowList())
-        if (w->objectName() == ventana)
-            titulo = w->windowTitle();
+    if (ventana_)
+        for (QMdiSubWindow *w : ventana_->mdi()->subWindowList())
+            if (w->objectName() == ventana)
+                titulo = w->windowTitle();
     RegistrarActividad(contexto, ventana, titulo, accion);
 }
 
@@ -161,18 +174,20 @@ bool DesktopSession::CambiarEmpresa(int codigo) {
     const int anterior = sesion.CodigoEmpresa;
     if (codigo == anterior)
         return true;
-    if (!UsuarioAccedeEmpresa(aplicacion_->datos(), sesion.CodigoUsuario, codigo)) {
+    if (!aplicacion_->EmpresaAccesible(codigo)) {
         sesion.mensajes().MensajeA(QStringLiteral("¡Ud. no tiene acceso a esta empresa!"));
         return false;
     }
-    QStringList nombres;
-    for (const AnfitrionVentanas::Ventana &v : ventana_->ventanas())
-        nombres << v.nombre;
-    for (const QString &n : MenuPrincipal::VentanasQueCierraCambioEmpresa(nombres))
-        ventana_->cerrar(n);
+    // Each window goes through its own close query; one keeping a record it
+    // cannot post stops the change, and the old company stays connected.
+    for (const QString &n : VentanasDeLaEmpresa())
+        if (!ventana_->cerrar(n))
+            return false;
+    obra_.reset();
     if (!aplicacion_->SeleccionarEmpresa(codigo)) {
         sesion.mensajes().MensajeA(QStringLiteral("¡Ud. no tiene acceso a esta empresa!"));
         aplicacion_->SeleccionarEmpresa(anterior);
+        crearModulosDatos();
         return false;
     }
     ventana_->MostrarEmpresa(aplicacion_->Abreviatura);
@@ -182,6 +197,33 @@ bool DesktopSession::CambiarEmpresa(int codigo) {
                  activos, QString());
     ventana_->menu().PrimeraActivacion(ListaValorUsuario(activos));
     return true;
+}
+
+QStringList DesktopSession::VentanasDeLaEmpresa() const {
+    QStringList nombres;
+    for (const AnfitrionVentanas::Ventana &v : ventana_->ventanas())
+        nombres << v.nombre;
+    QStringList cierran = MenuPrincipal::VentanasQueCierraCambioEmpresa(nombres);
+    // A general window over company tables would go on showing, and posting
+    // to, rows of the company left behind.
+    for (QMdiSubWindow *w : ventana_->mdi()->subWindowList())
+        if (auto *vista = dynamic_cast<FormView *>(w->widget()); vista && !cierran.contains(w->objectName()))
+            for (const forms::Dataset *ds : vista->form().Datasets())
+                if (ds->ConnectionWord() != kConexionGeneral) {
+                    cierran << w->objectName();
+                    break;
+                }
+    return cierran;
+}
+
+void DesktopSession::GestionarFallo(QObject *receptor, const QString &texto) {
+    OrigenFallo origen;
+    for (QObject *o = receptor; o; o = o->parent())
+        if (auto *vista = dynamic_cast<FormView *>(o)) {
+            origen = vista->rutinas().Origen;
+            break;
+        }
+    aplicacion_->sesion().fallos().Gestionar(texto, origen);
 }
 
 bool DesktopSession::eventFilter(QObject *watched, QEvent *event) {

@@ -30,8 +30,18 @@ public:
     TfOBRAMENU *ventana() const { return ventana_.get(); }
     Aplicacion &aplicacion() { return *aplicacion_; }
 
-    // `CambioEmpresa1Click` with the company already picked.
+    // `CambioEmpresa1Click` with the company already picked. A company the user
+    // may not enter, or without its record, is refused before anything closes;
+    // a window that will not close (a pending record that cannot be posted)
+    // stops the change with the old company in place.
     bool CambiarEmpresa(int codigo);
+    // The windows a change of company closes: the general ones survive unless
+    // they show company tables.
+    QStringList VentanasDeLaEmpresa() const;
+    // A failure no code caught, from an event sent to `receptor`: the session's
+    // handler is told the table and the window of the screen it came from.
+    void GestionarFallo(QObject *receptor, const QString &texto);
+
     // The works data module of the selected company; nullptr before one is.
     works::TMDObra *obra() const { return obra_.get(); }
 

@@ -7,6 +7,7 @@
 #include "ui/font_dialog.h"
 #include "ui/grid_columns.h"
 #include "ui/key_routing.h"
+#include "ui/list_window.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -42,11 +43,21 @@ FormView::FormView(std::unique_ptr<forms::Form> form, forms::RutinasFormulario &
         if (QWidget *w = widgets_.value(&c))
             DialogoFuente(*w, c.Kind() == ComponentKind::DBGrid);
     };
+    rutinas_.Ventanas.VisorHistorial = [this](const HistorialAccesos &h) {
+        VerLista(this, h.definicion, h.lineas);
+    };
+    // A failure that closes its sender: the window goes once the handler returns.
+    rutinas_.Origen.cerrarFormulario = [this] {
+        QWidget *window = parentWidget() ? parentWidget() : this;
+        QTimer::singleShot(0, window, &QWidget::close);
+    };
     refresh();
 }
 
 FormView::~FormView() {
     rutinas_.Ventanas.DialogoFuente = nullptr;
+    rutinas_.Origen.cerrarFormulario = nullptr;
+    rutinas_.Ventanas.VisorHistorial = nullptr;
 }
 
 bool FormView::run(const std::function<void()> &action) {

@@ -33,6 +33,7 @@ public:
     ~FormView() override;
 
     forms::Form &form() const { return *form_; }
+    forms::RutinasFormulario &rutinas() const { return rutinas_; }
     QWidget *widgetFor(const QString &component) const;
     QTableView *grid(const QString &name) const;
     QString statusText() const;

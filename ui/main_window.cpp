@@ -55,7 +55,8 @@ TfOBRAMENU::TfOBRAMENU(Messenger &mensajes, MenuPrincipal::Derechos derechos,
 TfOBRAMENU::~TfOBRAMENU() {
     // The work windows close after this object is gone: nothing may call back.
     mdi_->disconnect(this);
-    for (QMdiSubWindow *w : mdi_->subWindowList())
+    // Closed windows waiting for their deletion are no longer listed by the area.
+    for (QMdiSubWindow *w : mdi_->findChildren<QMdiSubWindow *>())
         w->disconnect(this);
 }
 
@@ -319,7 +320,9 @@ bool TfOBRAMENU::crear(const QString &formulario, const QString &nombre) {
     QMdiSubWindow *w = mdi_->addSubWindow(pantalla);
     w->setObjectName(nombre);
     // The last window closed activates none: the main menu takes its letters back.
-    connect(w, &QObject::destroyed, this, [this] {
+    connect(w, &QObject::destroyed, this, [this, nombre] {
+        if (actividad_)
+            actividad_(nombre, QStringLiteral("Free"));
         QTimer::singleShot(0, this, [this] { cederLetras(mdi_->activeSubWindow()); });
     });
     w->setAttribute(Qt::WA_DeleteOnClose);
@@ -330,12 +333,15 @@ bool TfOBRAMENU::crear(const QString &formulario, const QString &nombre) {
     return true;
 }
 
-void TfOBRAMENU::cerrar(const QString &nombre) {
+bool TfOBRAMENU::cerrar(const QString &nombre) {
     for (QMdiSubWindow *w : mdi_->subWindowList())
         if (w->objectName() == nombre) {
-            w->close();
-            return;
+            if (!w->close())
+                return false;
+            delete w;
+            return true;
         }
+    return true;
 }
 
 void TfOBRAMENU::restaurar(const QString &nombre) {

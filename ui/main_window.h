@@ -57,7 +57,9 @@ public:
     // AnfitrionVentanas
     QList<Ventana> ventanas() const override;
     bool crear(const QString &formulario, const QString &nombre) override;
-    void cerrar(const QString &nombre) override;
+    // A window that accepts is destroyed at once, so nothing of it outlives
+    // the call (a change of company reconnects right after).
+    bool cerrar(const QString &nombre) override;
     void restaurar(const QString &nombre) override;
     void mostrar(const QString &nombre) override;
 

@@ -65,17 +65,21 @@ public:
         log << QStringLiteral("crear ") + nombre;
         return true;
     }
-    void cerrar(const QString &nombre) override {
+    bool cerrar(const QString &nombre) override {
+        log << QStringLiteral("cerrar ") + nombre;
+        if (refusing.contains(nombre))
+            return false;
         for (int i = 0; i < open.size(); ++i)
             if (open[i].nombre == nombre) {
                 open.removeAt(i);
                 break;
             }
-        log << QStringLiteral("cerrar ") + nombre;
+        return true;
     }
     void restaurar(const QString &nombre) override { log << QStringLiteral("restaurar ") + nombre; }
     void mostrar(const QString &nombre) override { log << QStringLiteral("mostrar ") + nombre; }
     QList<Ventana> open;
+    QStringList refusing; // windows whose close query says no
     QStringList available = {QStringLiteral("fOBRAOBRA"), QStringLiteral("fOBRAUNID"), QStringLiteral("fGENEPARA")};
     QStringList log;
 };
@@ -109,6 +113,12 @@ TEST_F(MenuFixture, OpenShowRestoreAndCreate) {
     EXPECT_EQ(host.log, (QStringList{"crear fOBRAOBRA", "mostrar fOBRAOBRA", "restaurar fOBRAOBRA", "cerrar fOBRAOBRA",
                                      "crear fOBRAOBRA"}));
     EXPECT_EQ(activity, (QStringList{"Create fOBRAOBRA", "Show fOBRAOBRA", "Restore fOBRAOBRA", "Create fOBRAOBRA"}));
+    // A window that refuses to close is kept, and no fresh one is made beside it.
+    host.refusing << QStringLiteral("fOBRAOBRA");
+    host.log.clear();
+    EXPECT_FALSE(menu.AbrirFormulario(QStringLiteral("fOBRAOBRA"), QStringLiteral("Create"), QStringLiteral("fOBRAOBRA")));
+    EXPECT_EQ(host.log, QStringList{"cerrar fOBRAOBRA"});
+    EXPECT_EQ(host.open.size(), 1);
 }
 
 TEST_F(MenuFixture, SuffixedWindowsAreFoundByTheirForm) {

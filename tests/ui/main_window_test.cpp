@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -140,18 +141,28 @@ TEST_P(DesktopStart, LanguageOfTheCommandLineTranslatesTheMenu) {
 namespace co::ui {
 namespace {
 
-TEST_P(DesktopStart, ActivityIsLoggedWhenTheIniFileAsksForIt) {
-    QFile ini(dir_.filePath(QStringLiteral("NAROWIN.INI")));
+TEST_P(DesktopStart, ActivityIsLoggedInTheApplicationFolderWhenTheIniFileAsksForIt) {
+    // The program's own folder, apart from the installation and its data.
+    QTemporaryDir programa;
+    QFile ini(QDir(programa.path()).filePath(QStringLiteral("NAROWIN.INI")));
     ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
     ini.write("[Configuración]\nMonitorizarActividadUsuario=SI\n");
     ini.close();
-    DesktopSession session(opciones(QStringLiteral("ADMIN")), &port_);
-    ASSERT_TRUE(session.Arrancar());
+    OpcionesArranque o = opciones(QStringLiteral("ADMIN"));
+    o.carpetaAplicacion = programa.path();
+    DesktopSession session(o, &port_);
+    ASSERT_TRUE(session.Arrancar()) << port_.texts().join(u'\n').toStdString();
     session.ventana()->accion(QStringLiteral("MaestrodeUnidades1"))->trigger();
-    QFile log(dir_.filePath(NombreUsuarioSistema() + QStringLiteral(".log")));
+    ASSERT_TRUE(session.ventana()->cerrar(QStringLiteral("fOBRAUNID")));
+    const QString nombre = NombreUsuarioSistema() + QStringLiteral(".log");
+    EXPECT_FALSE(QFileInfo::exists(dir_.filePath(nombre)));
+    QFile log(QDir(programa.path()).filePath(nombre));
     ASSERT_TRUE(log.open(QIODevice::ReadOnly)) << log.fileName().toStdString();
-    const QString text = QString::fromUtf8(log.readAll());
-    EXPECT_TRUE(text.contains(QStringLiteral(", Create, fOBRAUNID, "))) << text.toStdString();
+    const QStringList lineas = QString::fromUtf8(log.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(lineas.size(), 2) << lineas.join(u'\n').toStdString();
+    EXPECT_TRUE(lineas[0].contains(QStringLiteral(", Create, fOBRAUNID, Maestro de Unidades, ")))
+        << lineas[0].toStdString();
+    EXPECT_TRUE(lineas[1].contains(QStringLiteral(", Free, fOBRAUNID, "))) << lineas[1].toStdString();
 }
 
 } // namespace
