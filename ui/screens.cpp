@@ -2,6 +2,7 @@
 
 #include "core/hidden_controls.h"
 #include "core/session.h"
+#include "forms/general_screens.h"
 #include "ui/form_view.h"
 #include "ui/search_dialog.h"
 
@@ -34,6 +35,7 @@ forms::Busquedas &RegistrarPantallas(TfOBRAMENU &ventana, Aplicacion &aplicacion
         aplicacion.datos(), [&aplicacion] { return opcionesBusqueda(aplicacion); }, &ventana);
     forms::Busquedas &busquedas = escritorio->busquedas();
     auto registro = std::make_shared<forms::RegistroPantallas>();
+    forms::RegistrarPantallasGenerales(*registro, forms::SesionGeneralDe(aplicacion));
     works::RegistrarPantallasObras(*registro, std::move(obra));
     for (const QString &nombre : registro->Nombres())
         ventana.RegistrarPantalla(
