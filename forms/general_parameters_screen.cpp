@@ -31,6 +31,87 @@ QString tituloPagina(const QString &pagina) {
     return titulos.value(pagina, pagina);
 }
 
+// The labels beside the fields; a field not named here shows its name in words.
+QString etiqueta(const QString &campo) {
+    static const QHash<QString, QString> etiquetas = [] {
+        QHash<QString, QString> e;
+        const char *pares[][2] = {
+            {"CaracterSeparadorASCII", "Carácter Separador ASCII"},
+            {"SolicitarCamposUsuario", "Solicitar Campos de Usuario"},
+            {"CaracterSeparadorCRLF", "Carácter Separador CR/LF"},
+            {"PlantillaNumericaStd", "Plantilla Numérica Estándar"},
+            {"ValidarEntidadSucursal", "Validar Entidad/Sucursal"},
+            {"RazonSocial", "Razón Social"},
+            {"Direccion", "Dirección"},
+            {"CodigoPostal", "Código Postal"},
+            {"Poblacion", "Población"},
+            {"Telefono", "Teléfono"},
+            {"CodigoPlaza", "Código Plaza"},
+            {"CodigoProvincia", "Código Provincia"},
+            {"CIFRepresentante", "CIF Representante"},
+            {"TituloRepresentante", "Título Representante"},
+            {"PersonaContacto", "Persona de Contacto"},
+            {"DirecCorreoElectronico", "Correo Electrónico"},
+            {"MargenIzquierdoImpresora", "Margen Izquierdo"},
+            {"TipoCombinacionTramas", "Combinación de Tramas"},
+            {"SolicitarDialogoImpresora", "Solicitar Diálogo de Impresora"},
+            {"FmtVisualizacionPrevia", "Visualización Previa"},
+            {"TipoLetraListados", "Tipo de Letra de Listados"},
+            {"FCompresionListados", "Compresión de Listados"},
+            {"FCompresionTLetraListados", "Compresión de Letra de Listados"},
+            {"PrevisualizacionSinRegla", "Previsualización sin Regla"},
+            {"DtosCascadaVenta", "Descuentos en Cascada"},
+            {"IVARgoFinanciacionVenta", "IVA y Recargo en Financiación"},
+            {"TipoIVAPortesVenta", "Tipo IVA de Portes"},
+            {"PrioridadDtosLineaVenta", "Prioridad Dtos. de Línea"},
+            {"NumeroDtosLineaVenta", "Número Dtos. de Línea"},
+            {"IncorporarDAmpliadaVenta", "Incorporar Descripción Ampliada"},
+            {"TipoPortesVenta", "Tipo de Portes"},
+            {"PortesPagadosDesdeVenta", "Portes Pagados desde"},
+            {"IncluirPortesEnDtosVenta", "Incluir Portes en Descuentos"},
+            {"TarifaEnMonedaOriginal", "Tarifa en Moneda Original"},
+            {"TipoComision", "Tipo de Comisión"},
+            {"CantidadUdAltVenta", "Cantidad en Ud. Alternativa"},
+            {"UdAltVentaEnPedido", "Ud. Alternativa en Pedido"},
+            {"DtosCascadaCompra", "Descuentos en Cascada"},
+            {"IVARgoFinanciacionCompra", "IVA y Recargo en Financiación"},
+            {"TipoIVAPortesCompra", "Tipo IVA de Portes"},
+            {"PrioridadDtosLineaCompra", "Prioridad Dtos. de Línea"},
+            {"NumeroDtosLineaCompra", "Número Dtos. de Línea"},
+            {"IncorporarDAmpliadaCompra", "Incorporar Descripción Ampliada"},
+            {"CantidadUdAltCompra", "Cantidad en Ud. Alternativa"},
+            {"CodigoMonedaBase", "Moneda Base"},
+            {"CodigoMonedaEuro", "Moneda Euro"},
+            {"CodigoMonedaNacional", "Moneda Nacional"},
+            {"DireccionTercero", "Dirección Tercero"},
+            {"CodigoPostalTercero", "Código Postal Tercero"},
+            {"PoblacionTercero", "Población Tercero"},
+            {"CIFTercero", "CIF Tercero"},
+            {"DireccionOfIntrastat", "Dirección Of. Intrastat"},
+            {"CodigoPostalOfIntrastat", "Código Postal Of. Intrastat"},
+            {"PoblacionOfIntrastat", "Población Of. Intrastat"},
+            {"ProvinciaOfIntrastat", "Provincia Of. Intrastat"},
+            {"NombreOfIntrastat", "Nombre Of. Intrastat"},
+            {"CodigoOfIntrastat", "Código Of. Intrastat"},
+            {"PerfilesCategoriasGA", "Perfiles de Categorías"},
+            {"PlantillaNumericaExt", "Plantillas Numéricas"},
+            {"CfgCorreoElectronico", "Configuración del Correo"},
+            {"TextoEMailEnvioDocs", "Texto del Envío de Documentos"},
+            {"TipoUbicacionCertificado", "Ubicación del Certificado"},
+            {"HuellaDigitalCertificado", "Huella Digital del Certificado"},
+            {"PosicionCertificadoFirma", "Posición de la Firma"},
+        };
+        for (const auto &[campo, texto] : pares)
+            e.insert(QString::fromLatin1(campo), QString::fromUtf8(texto));
+        for (int i = 1; i <= 5; ++i) {
+            e.insert(QStringLiteral("Iva%1").arg(i), QStringLiteral("% IVA %1").arg(i));
+            e.insert(QStringLiteral("Recargo%1").arg(i), QStringLiteral("% Recargo %1").arg(i));
+        }
+        return e;
+    }();
+    return etiquetas.value(campo, EtiquetaCampo(campo));
+}
+
 // The fields that hold several lines: key=value blocks and texts.
 bool esMemo(const QString &campo) {
     static const QSet<QString> memos = {
@@ -50,7 +131,7 @@ DeclaracionFicha declaracion() {
     for (const PaginaParametros &p : PaginasPARAGENE()) {
         d.paginas.append(PaginaFicha{p.pagina, tituloPagina(p.pagina)});
         for (const QString &campo : p.campos)
-            d.controles.append(ControlFicha{campo, EtiquetaCampo(campo),
+            d.controles.append(ControlFicha{campo, etiqueta(campo),
                                             OpcionesCampoPARAGENE(campo), p.pagina, esMemo(campo)});
     }
     return d;

@@ -85,9 +85,9 @@ TEST_P(CliScreen, GlobalesShowsTheGeneralParametersWithoutTheRightsTest) {
     ASSERT_FALSE(lineas.isEmpty());
     EXPECT_EQ(lineas.first(), QStringLiteral("Parámetros Generales"));
     // The record was made with its defaults; memos keep to one line each.
-    EXPECT_TRUE(lineas.contains(QStringLiteral("Plantilla Numerica Std|#,###.##")))
+    EXPECT_TRUE(lineas.contains(QStringLiteral("Plantilla Numérica Estándar|#,###.##")))
         << r.out.toStdString();
-    EXPECT_TRUE(lineas.contains(QStringLiteral("Caracter Separador ASCII|@")));
+    EXPECT_TRUE(lineas.contains(QStringLiteral("Carácter Separador ASCII|@")));
     EXPECT_TRUE(lineas.contains(QStringLiteral(
         "Idiomas|Castellano·Frances·Ingles·Italiano·Portugues·Aleman·Catalan·Euskera·Gallego")))
         << r.out.toStdString();
@@ -98,9 +98,9 @@ TEST_P(CliScreen, GlobalesShowsTheGeneralParametersWithoutTheRightsTest) {
                        "WHERE IdRegistro = '1'"));
     const Salida otra = pantalla(QStringLiteral("fgenepara"));
     ASSERT_EQ(otra.status, 0) << otra.err.toStdString();
-    EXPECT_TRUE(otra.out.contains(QStringLiteral("\nRazon Social|Hermanos Díaz, S.L.\n")))
+    EXPECT_TRUE(otra.out.contains(QStringLiteral("\nRazón Social|Hermanos Díaz, S.L.\n")))
         << otra.out.toStdString();
-    EXPECT_TRUE(otra.out.contains(QStringLiteral("\nIva1|21\n")));
+    EXPECT_TRUE(otra.out.contains(QStringLiteral("\n% IVA 1|21\n")));
 }
 
 TEST_P(CliScreen, UnknownMissingAndRefusedProgramsSayWhyAndShowNothing) {

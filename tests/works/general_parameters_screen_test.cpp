@@ -137,6 +137,9 @@ TEST_P(GeneralParametersScreen, OpensOnItsPagesAndMakesTheRecordWithItsDefaults)
     EXPECT_EQ(globales().Control(QStringLiteral("FmtVisualizacionPrevia"))->Items,
               OpcionesCampoPARAGENE(QStringLiteral("FmtVisualizacionPrevia")));
     EXPECT_EQ(globales().Control(QStringLiteral("RazonSocial"))->Kind(), ComponentKind::DBEdit);
+    EXPECT_EQ(globales().Control(QStringLiteral("RazonSocial"))->Caption,
+              QStringLiteral("Razón Social"));
+    EXPECT_EQ(globales().Control(QStringLiteral("Recargo3"))->Caption, QStringLiteral("% Recargo 3"));
     EXPECT_TRUE(globales()
                     .Control(QStringLiteral("Idiomas"))
                     ->BoundField()
