@@ -35,7 +35,13 @@ forms::Busquedas &RegistrarPantallas(TfOBRAMENU &ventana, Aplicacion &aplicacion
         aplicacion.datos(), [&aplicacion] { return opcionesBusqueda(aplicacion); }, &ventana);
     forms::Busquedas &busquedas = escritorio->busquedas();
     auto registro = std::make_shared<forms::RegistroPantallas>();
-    forms::RegistrarPantallasGenerales(*registro, forms::SesionGeneralDe(aplicacion));
+    // After a save of the general parameters the main window's currency follows too.
+    forms::SesionGeneral general = forms::SesionGeneralDe(aplicacion);
+    general.parametrosGrabados = [releer = general.parametrosGrabados, &ventana, &aplicacion] {
+        releer();
+        ventana.setMonedaBaseEsEuro(aplicacion.monedas().MonedaBaseEsEuro);
+    };
+    forms::RegistrarPantallasGenerales(*registro, std::move(general));
     works::RegistrarPantallasObras(*registro, std::move(obra));
     for (const QString &nombre : registro->Nombres())
         ventana.RegistrarPantalla(

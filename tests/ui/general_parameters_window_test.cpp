@@ -3,6 +3,7 @@
 // keyboard, values typed into an edit and a memo, saved with the "Grabar"
 // button and read back from the database; a refused save keeps the window and
 // what was typed, and a saved currency reaches the session at once.
+#include "core/currency.h"
 #include "core/general_parameters_table.h"
 #include "desktop_fixture.h"
 
@@ -166,6 +167,11 @@ TEST_P(GeneralParametersWindow, ARefusedSaveKeepsTheWindowAndWhatWasTyped) {
     // The session took the currency at once.
     EXPECT_TRUE(session_->aplicacion().monedas().MonedaBaseEsEuro);
     EXPECT_EQ(session_->aplicacion().monedas().DecimalesMoneda, 2);
+    // And so does the main window's currency entry, at its next click.
+    TfOBRAMENU &ventana = *session_->ventana();
+    ventana.accion(QStringLiteral("VerDatosenMonedaNacionalOEuro"))->trigger();
+    EXPECT_EQ(ventana.PanelMoneda(), SimboloMonedaMostrada(ventana.VerOtraMoneda(), true));
+    EXPECT_NE(ventana.PanelMoneda(), SimboloMonedaMostrada(ventana.VerOtraMoneda(), false));
 }
 
 CO_ON_BOTH_BACKENDS(GeneralParametersWindow);
