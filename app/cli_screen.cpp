@@ -4,6 +4,7 @@
 #include "core/rights.h"
 #include "core/session.h"
 #include "core/text_utils.h"
+#include "forms/general_screens.h"
 #include "works/screens.h"
 
 namespace co::cli {
@@ -49,8 +50,11 @@ QString controles(const forms::Form &pantalla) {
         if (!control || !control->Visible)
             continue;
         const forms::Field *f = control->BoundField();
-        out += (control->Caption.isEmpty() ? control->DataField : control->Caption) + u'|' +
-               (f ? f->DisplayText() : QString()) + u'\n';
+        // A memo's lines stay on the control's one line, its breaks written "·".
+        QString valor = f ? f->DisplayText() : QString();
+        valor.replace(QStringLiteral("\r\n"), QStringLiteral("·")).replace(u'\n', u'·');
+        out += (control->Caption.isEmpty() ? control->DataField : control->Caption) + u'|' + valor +
+               u'\n';
     }
     return out;
 }
@@ -61,6 +65,7 @@ std::optional<QString> TextoPantalla(Aplicacion &aplicacion, const QString &prog
     Messenger &mensajes = aplicacion.sesion().mensajes();
     const EntradaMenu *e = entrada(programa);
     forms::RegistroPantallas registro;
+    forms::RegistrarPantallasGenerales(registro, forms::SesionGeneralDe(aplicacion));
     works::RegistrarPantallasObras(registro);
     if (!e || !registro.Contiene(e->formulario)) {
         mensajes.MensajeA(

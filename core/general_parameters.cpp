@@ -111,10 +111,12 @@ QString ComprobarGrabacionPARAGENE(QVariantHash &registro) {
         registro.insert(QStringLiteral("PlantillaNumericaStd"), S(kPlantillaNumericaStdPorDefecto));
     const QVariant euro = registro.value(QStringLiteral("CodigoMonedaEuro"));
     const QVariant nacional = registro.value(QStringLiteral("CodigoMonedaNacional"));
-    // Two unset currencies are not the same currency.
-    const bool set = !euro.isNull() && !euro.toString().isEmpty() && !nacional.isNull() &&
-                     !nacional.toString().isEmpty();
-    if (set && euro.toLongLong() == nacional.toLongLong())
+    // Two unset currencies are not the same currency; code 0 names none (a new
+    // record's numeric fields start at 0 on some back-ends).
+    auto fijada = [](const QVariant &codigo) {
+        return !codigo.isNull() && !codigo.toString().isEmpty() && codigo.toLongLong() != 0;
+    };
+    if (fijada(euro) && fijada(nacional) && euro.toLongLong() == nacional.toLongLong())
         return S("¡La Moneda Nacional y la Moneda Euro no pueden ser la misma!");
     return {};
 }

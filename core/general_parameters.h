@@ -30,7 +30,8 @@ QStringList OpcionesCampoPARAGENE(const QString &campo);
 
 // The rules of `pbGrabarClick` on a record held as field -> value: an empty
 // `PlantillaNumericaStd` becomes "#,###.##"; the same currency as euro and national
-// currency is refused. Returns empty when the record may be saved, else the message.
+// currency is refused (an empty code or 0 is no currency). Returns empty when the record may be
+// saved, else the message.
 QString ComprobarGrabacionPARAGENE(QVariantHash &registro);
 
 } // namespace co

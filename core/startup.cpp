@@ -4,6 +4,7 @@
 #include "core/connection_words.h"
 #include "core/currency_table.h"
 #include "core/folder_creation.h"
+#include "core/general_parameters.h"
 #include "core/rights.h"
 #include "core/server_login.h"
 #include "core/session_values.h"
@@ -16,6 +17,19 @@
 namespace co {
 namespace {
 
+// The templates of the company's general parameters; a company without the
+// record keeps the default mask and no fragments.
+PlantillasNumericas leerPlantillas(TModuloDatos &datos) {
+    const QString mascara = QString::fromLatin1(kPlantillaNumericaStdPorDefecto);
+    Consulta parametros;
+    parametros.SQL = QStringLiteral(
+        "SELECT PlantillaNumericaStd, PlantillaNumericaExt FROM PARAGENE WHERE IdRegistro = 1");
+    if (!datos.AbrirConsulta(parametros, QStringLiteral("Silencio")) ||
+        parametros.RecordCount() == 0)
+        return CargarPlantillasNumericas({}, {}, mascara);
+    return CargarPlantillasNumericas(parametros.Value(0, 0).toString(),
+                                     parametros.Value(0, 1).toString(), mascara);
+}
 
 } // namespace
 
@@ -245,7 +259,13 @@ bool Aplicacion::SeleccionarEmpresa(int codigo) {
         return false;
     }
     monedas_ = LeerValoresMoneda(*datos_);
+    plantillas_ = leerPlantillas(*datos_);
     return true;
+}
+
+void Aplicacion::ParamGeneralesAfterPost() {
+    if (datos_ && sesion_ && sesion_->CodigoEmpresa != 0)
+        monedas_ = LeerValoresMoneda(*datos_);
 }
 
 } // namespace co

@@ -11,6 +11,7 @@
 #include "core/instance_number.h"
 #include "core/login.h"
 #include "core/materialised_query.h"
+#include "core/number_templates.h"
 #include "core/session.h"
 #include "core/table_creation.h"
 #include "core/temporary_cleanup.h"
@@ -53,8 +54,14 @@ public:
     // The user may enter the company and it has its record in `EMPRESA`; a
     // code without a record is never connected, so nothing is made for it.
     bool EmpresaAccesible(int codigo);
-    // `SeleccionarEmpresa`: rights, the company's record, the connection.
+    // `SeleccionarEmpresa`: rights, the company's record, the connection, and
+    // what the company's data module reads of its general parameters: the
+    // currency values and the number templates.
     bool SeleccionarEmpresa(int codigo);
+    // `ParamGeneralesAfterPost`: after a post of the general parameters the
+    // currency values are read again at once; the templates wait for the next
+    // choice of company.
+    void ParamGeneralesAfterPost();
 
     TfGENEINIC &sesion() { return *sesion_; }
     TModuloDatos &datos() { return *datos_; }
@@ -66,6 +73,8 @@ public:
     const SesionUsuario &usuario() const { return usuario_; }
     // The currency values of the selected company.
     const CurrencyValues &monedas() const { return monedas_; }
+    // The number templates of the selected company.
+    const PlantillasNumericas &plantillas() const { return plantillas_; }
     int NumeroInstancia() const { return instancia_ ? instancia_->numero() : 0; }
     QString Abreviatura;
     QString ArchivoLogotipo = QStringLiteral("LOGO.BMP");
@@ -83,6 +92,7 @@ private:
     ConfiguracionINI configuracion_;
     SesionUsuario usuario_;
     CurrencyValues monedas_;
+    PlantillasNumericas plantillas_;
     std::unique_ptr<TfGENEINIC> sesion_;
     std::unique_ptr<TModuloDatos> datos_;
     std::unique_ptr<CreadorTablas> creador_;

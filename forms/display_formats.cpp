@@ -3,9 +3,10 @@
 namespace co::forms {
 
 QString FormatoSegunNombre(const QString &campo, const FormatosNumericos &formatos) {
-    if (campo.contains(QStringLiteral("Precio"), Qt::CaseInsensitive))
+    if (!formatos.precio.isEmpty() && campo.contains(QStringLiteral("Precio"), Qt::CaseInsensitive))
         return formatos.precio;
-    if (campo.contains(QStringLiteral("Importe"), Qt::CaseInsensitive))
+    if (!formatos.importe.isEmpty() &&
+        campo.contains(QStringLiteral("Importe"), Qt::CaseInsensitive))
         return formatos.importe;
     for (const PlantillaNumerica &p : formatos.plantillas.plantillas)
         for (const QString &fragmento : p.fragmentos)
@@ -24,13 +25,14 @@ void AplicarFormatos(Dataset &dataset, const FormatosNumericos &formatos) {
             f.EditMask.clear();
             continue;
         }
-        if (f.DisplayFormat != QLatin1String(kFormatoProvisional) &&
+        const bool sinFormato = f.IsFloat() && f.DisplayFormat.isEmpty();
+        if (!sinFormato && f.DisplayFormat != QLatin1String(kFormatoProvisional) &&
             f.EditMask != QLatin1String(kFormatoProvisional))
             continue;
         const QString formato = FormatoSegunNombre(f.FieldName(), formatos);
         if (formato.isEmpty())
             continue;
-        if (f.DisplayFormat == QLatin1String(kFormatoProvisional))
+        if (sinFormato || f.DisplayFormat == QLatin1String(kFormatoProvisional))
             f.DisplayFormat = formato;
         if (f.EditMask == QLatin1String(kFormatoProvisional))
             f.EditMask = formato;

@@ -102,12 +102,16 @@ QString ClaseFormulario(const Form &form) {
     return QStringLiteral("T") + form.Name;
 }
 
-void PrepararForm(Form &form, RutinasFormulario &rutinas, const OpcionesPreparacion &o) {
+void AplicarFormatosForm(Form &form, const FormatosNumericos &formatos) {
     for (Dataset *ds : form.Datasets()) {
-        AplicarFormatos(*ds, o.formatos);
+        AplicarFormatos(*ds, formatos);
         if (Field *cambio = ds->FindField(QStringLiteral("Cambio")))
             cambio->Alignment = Qt::AlignLeft;
     }
+}
+
+void PrepararForm(Form &form, RutinasFormulario &rutinas, const OpcionesPreparacion &o) {
+    AplicarFormatosForm(form, o.formatos);
     soloLectura(form, rutinas, o);
     manejadoresComunes(form, rutinas);
     QString punto;

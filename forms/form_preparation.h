@@ -33,4 +33,9 @@ QString ClaseFormulario(const Form &form);
 
 void PrepararForm(Form &form, RutinasFormulario &rutinas, const OpcionesPreparacion &opciones);
 
+// The display formats of every dataset of the form and `Cambio` left-aligned.
+// The open of a table makes its fields, so the opening runs this again once the
+// tables are open.
+void AplicarFormatosForm(Form &form, const FormatosNumericos &formatos);
+
 } // namespace co::forms

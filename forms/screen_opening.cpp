@@ -18,6 +18,7 @@ EntornoPantallas EntornoDeSesion(Aplicacion &aplicacion) {
     entorno.preparacion.mensajeriaInterna = cfg.MensajeriaInternaActivada;
     // A session has a logged-in user, so rights always apply.
     entorno.preparacion.derechosActivos = true;
+    entorno.preparacion.formatos.plantillas = aplicacion.plantillas();
     entorno.monedas = &aplicacion.monedas();
     entorno.traductor = aplicacion.traductor();
     return entorno;
@@ -32,6 +33,7 @@ bool AbrirPantalla(MaestroTabla &pantalla, const EntornoPantallas &entorno) {
     AperturaTablas apertura(entorno.datos, entorno.creador);
     if (!pantalla.Abrir(apertura))
         return false;
+    AplicarFormatosForm(pantalla, entorno.preparacion.formatos);
     if (entorno.busquedas)
         entorno.busquedas->Conectar(rutinas.Ventanas);
     if (entorno.traductor)

@@ -3,7 +3,8 @@
 // line and the tests all open screens here, so they all get the same screen.
 // In order: the works of `PrepararForm` (formats, rights, shared handlers,
 // hidden controls), the two-currency display, the tables (made when missing),
-// the search windows connected, the texts translated.
+// the display formats again on the fields the open made (the company's number
+// templates), the search windows connected, the texts translated.
 //
 // `RegistroPantallas` holds the screens by form name; each subsystem adds its
 // own (see its screens.h) and the program opens them by name.
@@ -42,7 +43,8 @@ struct EntornoPantallas {
 };
 
 // What a screen opened in a logged-in session gets: its tables, the user's
-// rights and hidden controls, the currencies and the translation.
+// rights and hidden controls, the company's number templates, the currencies
+// and the translation.
 EntornoPantallas EntornoDeSesion(Aplicacion &aplicacion);
 
 // Prepares and opens `pantalla`; false when its tables could not be opened

@@ -12,14 +12,24 @@ MaestroFicha::MaestroFicha(TModuloDatos &datos, DeclaracionFicha declaracion)
                    declaracion.dialogo ? BotonesDialogo() : BotonesRegistro(),
                    declaracion.dialogo ? QList<Boton>{} : MenuFicha()),
       declaracion_(std::move(declaracion)) {
+    // Pages go before the controls, so that a view meets a page before what sits on it.
+    for (const PaginaFicha &p : declaracion_.paginas)
+        paginas_ << &AddControl(ComponentKind::TabSheet, p.nombre, p.titulo);
+    for (const ControlFicha &c : declaracion_.controles)
+        if (!c.pagina.isEmpty() && !Pagina(c.pagina))
+            paginas_ << &AddControl(ComponentKind::TabSheet, c.pagina, c.pagina);
     for (const ControlFicha &c : declaracion_.controles) {
         const bool lista = !c.valores.isEmpty();
-        auto &control = Add<DataControl>(
-            lista ? ComponentKind::DBComboBox : ComponentKind::DBEdit,
-            (lista ? QStringLiteral("ComboBox") : QStringLiteral("Edit")) + c.campo, &DataSource1(),
-            c.campo);
+        const ComponentKind clase = lista    ? ComponentKind::DBComboBox
+                                    : c.memo ? ComponentKind::DBMemo
+                                             : ComponentKind::DBEdit;
+        const QString prefijo = lista    ? QStringLiteral("ComboBox")
+                                : c.memo ? QStringLiteral("Memo")
+                                         : QStringLiteral("Edit");
+        auto &control = Add<DataControl>(clase, prefijo + c.campo, &DataSource1(), c.campo);
         control.Caption = c.etiqueta;
         control.Items = c.valores;
+        control.Parent = c.pagina.isEmpty() ? nullptr : Pagina(c.pagina);
         controles_ << &control;
         if (c.campo.compare(declaracion_.campoClave, Qt::CaseInsensitive) == 0) {
             campoClave_ = &control;
@@ -48,6 +58,13 @@ DataControl *MaestroFicha::Control(const QString &campo) const {
     for (DataControl *c : controles_)
         if (c->DataField.compare(campo, Qt::CaseInsensitive) == 0)
             return c;
+    return nullptr;
+}
+
+Component *MaestroFicha::Pagina(const QString &nombre) const {
+    for (Component *p : paginas_)
+        if (p->Name().compare(nombre, Qt::CaseInsensitive) == 0)
+            return p;
     return nullptr;
 }
 

@@ -6,8 +6,12 @@
 // `AntesGrabar`, `DespuesAbrir`). Buttons, menu and shared handlers: see
 // record_master.h.
 //
-// Controls are named "Edit<field>" (data edit) and "ComboBox<field>" (data
-// combo box, for a field with permitted values); their caption is the label.
+// Controls are named "Edit<field>" (data edit), "ComboBox<field>" (data combo
+// box, for a field with permitted values) and "Memo<field>" (multi-line data
+// memo); their caption is the label. A control that names a page sits on that
+// tab page (a `TabSheet` component); pages come in declared order, a page a
+// control names but the declaration lacks is added after them, captioned with
+// its name. Controls with no page sit on the form itself.
 // The key control is `CampoClave()`: `Insert` focuses it; it is writable only
 // while inserting; leaving it runs `CampoClaveExit`, the key check of this
 // family (empty key drops the new record, ranges of numeric keys, the form's
@@ -28,6 +32,13 @@ struct ControlFicha {
     QString campo;       // the field edited
     QString etiqueta;    // the label beside the control
     QStringList valores; // permitted values: a combo box offers them; none: a data edit
+    QString pagina = {}; // the tab page's component name; empty: the form itself
+    bool memo = false;   // a multi-line text (no permitted values)
+};
+
+struct PaginaFicha {
+    QString nombre; // component name, e.g. "PagGeneral"
+    QString titulo; // the tab's caption
 };
 
 struct DeclaracionFicha {
@@ -37,6 +48,7 @@ struct DeclaracionFicha {
     QString campoClave; // the key field; empty for a single-row table
     QList<ControlFicha> controles;
     bool dialogo = false;
+    QList<PaginaFicha> paginas = {};
 };
 
 class MaestroFicha : public MaestroTabla {
@@ -47,6 +59,8 @@ public:
     DataControl *CampoClave() const { return campoClave_; }
     // The control of a declared field; nullptr for another field.
     DataControl *Control(const QString &campo) const;
+    // The tab page of that component name; nullptr when there is none.
+    Component *Pagina(const QString &nombre) const;
     const DeclaracionFicha &Declaracion() const { return declaracion_; }
     // `ClaveCambiada`: the key was typed while the record was in `Edit`.
     bool ClaveCambiada() const { return claveCambiada_; }
@@ -62,6 +76,7 @@ private:
 
     DeclaracionFicha declaracion_;
     QList<DataControl *> controles_;
+    QList<Component *> paginas_;
     DataControl *campoClave_ = nullptr;
     bool claveCambiada_ = false;
 };

@@ -20,9 +20,10 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QStyle>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTimer>
@@ -131,6 +132,20 @@ void FormView::build() {
             w = e;
             break;
         }
+        case ComponentKind::DBMemo:
+        case ComponentKind::Memo: {
+            auto *m = new QPlainTextEdit(this);
+            // Tab leaves the memo as it leaves any control; Enter makes a new line.
+            m->setTabChangesFocus(true);
+            m->setMinimumHeight(m->fontMetrics().lineSpacing() * 5);
+            connect(m, &QPlainTextEdit::textChanged, this, [this, c, m] {
+                if (!refreshing_)
+                    typed(*c, TextoMemo(m->toPlainText()));
+            });
+            place(c, m);
+            w = m;
+            break;
+        }
         case ComponentKind::DBComboBox:
         case ComponentKind::ComboBox: {
             auto *box = new QComboBox(this);
@@ -205,6 +220,12 @@ void FormView::build() {
     }
     if (primero)
         setFocusProxy(primero);
+}
+
+// Memo lines end in CR LF, as the key=value blocks and texts are kept.
+QString FormView::TextoMemo(QString texto) {
+    texto.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+    return texto.replace(u'\n', QStringLiteral("\r\n"));
 }
 
 // Typing into a data control writes its field (auto edit) and runs its change event.
@@ -307,14 +328,35 @@ void FormView::refresh() {
     setWindowTitle(form_->Caption);
     for (auto it = widgets_.cbegin(); it != widgets_.cend(); ++it) {
         forms::Component *c = it.key();
+        if (c->Kind() == ComponentKind::TabSheet) {
+            // A page is shown by its tab: showing it by hand would lay it over the current one.
+            for (QWidget *p = it.value()->parentWidget(); p; p = p->parentWidget())
+                if (auto *tab = qobject_cast<QTabWidget *>(p)) {
+                    const int i = tab->indexOf(it.value());
+                    tab->setTabVisible(i, c->Visible);
+                    tab->setTabEnabled(i, c->Enabled);
+                    break;
+                }
+            continue;
+        }
         it.value()->setEnabled(c->Enabled);
         it.value()->setVisible(c->Visible);
         auto *dc = dynamic_cast<forms::DataControl *>(c);
         forms::Field *f = dc ? dc->BoundField() : nullptr;
         if (auto *e = qobject_cast<QLineEdit *>(it.value())) {
             e->setReadOnly(c->ReadOnly);
+            if (f)
+                e->setAlignment((f->Alignment & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter);
             if (!e->hasFocus() && (f || !dc))
                 e->setText(f ? f->AsString() : c->Text);
+        }
+        if (auto *m = qobject_cast<QPlainTextEdit *>(it.value())) {
+            m->setReadOnly(c->ReadOnly);
+            const QString texto = TextoMemo(f ? f->AsString() : c->Text);
+            if (!m->hasFocus() && TextoMemo(m->toPlainText()) != texto) {
+                QString lineas = texto;
+                m->setPlainText(lineas.replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+            }
         }
         if (auto *box = qobject_cast<QCheckBox *>(it.value()))
             box->setChecked(c->Checked);

@@ -1,7 +1,9 @@
 #pragma once
 // `FormView`: draws any `Form` from its components and turns the user's acts
 // into calls of the form's logic. Grids show their dataset through a
-// `DatasetModel`; data edits and combo boxes are bound to their fields; buttons
+// `DatasetModel`; data edits, combo boxes and memos (multi-line, lines kept
+// with CR LF) are bound to their fields; a control on a tab page is drawn on
+// that page of a tab widget; edits align as their field does; buttons
 // run the form's clicks; menu items go under a "Ficha" menu; a status line says
 // in words what is being done with `Table1` and where. Every key press and typed character goes to
 // the key map first; what it consumes never reaches the widget. Focus changes
@@ -39,6 +41,8 @@ public:
     QString statusText() const;
     // The status line's words for a table's state and place.
     static QString TextoEstado(forms::Dataset &table);
+    // A memo's text with its line ends as stored: CR LF.
+    static QString TextoMemo(QString texto);
     QSize sizeHint() const override;
     // Re-reads every widget from the form's state.
     void refresh();

@@ -2,6 +2,7 @@
 
 #include "core/hidden_controls.h"
 #include "core/session.h"
+#include "forms/general_screens.h"
 #include "ui/form_view.h"
 #include "ui/search_dialog.h"
 
@@ -34,6 +35,13 @@ forms::Busquedas &RegistrarPantallas(TfOBRAMENU &ventana, Aplicacion &aplicacion
         aplicacion.datos(), [&aplicacion] { return opcionesBusqueda(aplicacion); }, &ventana);
     forms::Busquedas &busquedas = escritorio->busquedas();
     auto registro = std::make_shared<forms::RegistroPantallas>();
+    // After a save of the general parameters the main window's currency follows too.
+    forms::SesionGeneral general = forms::SesionGeneralDe(aplicacion);
+    general.parametrosGrabados = [releer = general.parametrosGrabados, &ventana, &aplicacion] {
+        releer();
+        ventana.setMonedaBaseEsEuro(aplicacion.monedas().MonedaBaseEsEuro);
+    };
+    forms::RegistrarPantallasGenerales(*registro, std::move(general));
     works::RegistrarPantallasObras(*registro, std::move(obra));
     for (const QString &nombre : registro->Nombres())
         ventana.RegistrarPantalla(

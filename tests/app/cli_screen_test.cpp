@@ -73,6 +73,36 @@ TEST_P(CliScreen, SalePriceColumnsFollowTheWorksSettings) {
         << cabecera().toStdString();
 }
 
+TEST_P(CliScreen, GlobalesShowsTheGeneralParametersWithoutTheRightsTest) {
+    // Its menu entry opens without the test of its caption: a user refused
+    // "Globales" by name still sees it.
+    sql(QStringLiteral("UPDATE USUARIO SET ProgramasNoAccesibles = 'Globales' WHERE "
+                       "Codigo = 'ADMIN'"),
+        {QStringLiteral("--conexion"), QStringLiteral("DatabaseGeneral")});
+    const Salida r = pantalla(QStringLiteral("Globales"));
+    ASSERT_EQ(r.status, 0) << r.err.toStdString();
+    const QStringList lineas = r.out.split(u'\n', Qt::SkipEmptyParts);
+    ASSERT_FALSE(lineas.isEmpty());
+    EXPECT_EQ(lineas.first(), QStringLiteral("Parámetros Generales"));
+    // The record was made with its defaults; memos keep to one line each.
+    EXPECT_TRUE(lineas.contains(QStringLiteral("Plantilla Numérica Estándar|#,###.##")))
+        << r.out.toStdString();
+    EXPECT_TRUE(lineas.contains(QStringLiteral("Carácter Separador ASCII|@")));
+    EXPECT_TRUE(lineas.contains(QStringLiteral(
+        "Idiomas|Castellano·Frances·Ingles·Italiano·Portugues·Aleman·Catalan·Euskera·Gallego")))
+        << r.out.toStdString();
+    EXPECT_EQ(lineas.size(), 1 + 84) << "one line per field on the pages";
+
+    // What is saved shows; the form name opens it too.
+    sql(QStringLiteral("UPDATE PARAGENE SET RazonSocial = 'Hermanos Díaz, S.L.', Iva1 = '21' "
+                       "WHERE IdRegistro = '1'"));
+    const Salida otra = pantalla(QStringLiteral("fgenepara"));
+    ASSERT_EQ(otra.status, 0) << otra.err.toStdString();
+    EXPECT_TRUE(otra.out.contains(QStringLiteral("\nRazón Social|Hermanos Díaz, S.L.\n")))
+        << otra.out.toStdString();
+    EXPECT_TRUE(otra.out.contains(QStringLiteral("\n% IVA 1|21\n")));
+}
+
 TEST_P(CliScreen, UnknownMissingAndRefusedProgramsSayWhyAndShowNothing) {
     const Salida desconocido = pantalla(QStringLiteral("Maestro de Nada"));
     EXPECT_EQ(desconocido.status, 1);

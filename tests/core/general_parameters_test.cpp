@@ -105,6 +105,13 @@ TEST(GeneralParametersSaveRules, SameEuroAndNationalCurrencyIsRefused) {
     QVariantHash unset{{QStringLiteral("CodigoMonedaEuro"), QVariant()},
                        {QStringLiteral("CodigoMonedaNacional"), QVariant()}};
     EXPECT_EQ(ComprobarGrabacionPARAGENE(unset), QString());
+    // 0 is no currency, as a new record holds it.
+    QVariantHash ceros{{QStringLiteral("CodigoMonedaEuro"), 0},
+                       {QStringLiteral("CodigoMonedaNacional"), QStringLiteral("0")}};
+    EXPECT_EQ(ComprobarGrabacionPARAGENE(ceros), QString());
+    QVariantHash uno{{QStringLiteral("CodigoMonedaEuro"), 0},
+                     {QStringLiteral("CodigoMonedaNacional"), 1}};
+    EXPECT_EQ(ComprobarGrabacionPARAGENE(uno), QString());
 }
 
 class GeneralParametersTable : public test::TablesOnDemandTest {

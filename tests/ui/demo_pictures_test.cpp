@@ -6,8 +6,10 @@
 
 #include <QAction>
 #include <QDir>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QTabWidget>
 
 namespace co::ui {
 namespace {
@@ -69,6 +71,21 @@ TEST_P(DemoPictures, UnitsMasterShowsTheBudgetItems) {
     EXPECT_GE(d.rows(), std::min(filas, 20));
     EXPECT_EQ(d.cell(0, 0), valor(QStringLiteral("SELECT MIN(Codigo) FROM UNIDADOB")));
     guardar(QStringLiteral("demo-units-master.png"));
+}
+
+TEST_P(DemoPictures, GlobalesShowsTheDemoCompanysParameters) {
+    FormView *view = abrir(QStringLiteral("Globales1"));
+    ASSERT_NE(view, nullptr) << port_.texts().join(u'\n').toStdString();
+    auto *tabs = view->findChild<QTabWidget *>();
+    ASSERT_NE(tabs, nullptr);
+    tabs->setCurrentIndex(1);
+    EXPECT_EQ(tabs->tabText(1), QStringLiteral("Empresa"));
+    auto *razon = qobject_cast<QLineEdit *>(view->widgetFor(QStringLiteral("EditRazonSocial")));
+    ASSERT_NE(razon, nullptr);
+    EXPECT_TRUE(razon->isVisible());
+    EXPECT_EQ(razon->text(), valor(QStringLiteral("SELECT RazonSocial FROM PARAGENE")));
+    EXPECT_FALSE(razon->text().isEmpty());
+    guardar(QStringLiteral("globales.png"));
 }
 
 CO_ON_BOTH_BACKENDS(DemoPictures);
