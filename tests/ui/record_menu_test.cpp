@@ -447,6 +447,18 @@ TEST_P(RecordMenu, EveryKeyOfTheMapDoesItsWorkOrSaysItIsNotAvailable) {
     EXPECT_TRUE(port_.texts().isEmpty()) << mensajes().toStdString();
     EXPECT_EQ(valor(QStringLiteral("SELECT Descripcion, Unidad FROM UNIDADOB WHERE Codigo = 'M3'")),
               QStringLiteral("Metro cuadrado|m2"));
+
+    // Shift+F5 in the new record the entry went on with: the selected field of
+    // the table's last record (a key of one field has no group).
+    ASSERT_EQ(v->statusText(), QStringLiteral("Agregando registro"));
+    Teclear(QStringLiteral("AA"));
+    PulsarTecla(Qt::Key_Tab);
+    PulsarTecla(Qt::Key_F5, Qt::ShiftModifier);
+    PulsarTecla(Qt::Key_C, Qt::AltModifier);
+    EXPECT_TRUE(port_.texts().isEmpty()) << mensajes().toStdString();
+    EXPECT_EQ(valor(QStringLiteral("SELECT Descripcion, Unidad FROM UNIDADOB WHERE Codigo = 'AA'")),
+              QStringLiteral("Metro cuadrado|"))
+        << "the description of M3, the last record, and nothing else";
 }
 
 TEST_P(RecordMenu, AMemoIsEditedInItsTextWindowFromCtrlEnterItsButtonOrADoubleClick) {
