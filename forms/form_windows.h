@@ -1,8 +1,8 @@
 #pragma once
 // The windows the key map and the shared routines open that belong to other
 // parts of the framework (search, viewers, grid layout, calculator, printed
-// forms, attachments). Each is a hook the view or later work sets; a hook not
-// set is skipped, so a key whose window is missing does nothing.
+// forms, attachments). Each is a hook the view or later work sets; a key or
+// menu item whose hook is not set says that the function is not available yet.
 
 #include "core/access_history.h"
 
@@ -44,6 +44,11 @@ struct VentanasFormulario {
     // `TfGENECPRO`, the programmable listing of an open dataset.
     std::function<void(Dataset &)> ListadoProgramable;
     std::function<void()> Mensajeria; // Ctrl+M
+    // The multi-line text window of a memo under `titulo`; nullopt when cancelled.
+    std::function<std::optional<QString>(const QString &titulo, const QString &texto)> EditorMemo;
+    // The printer dialog, then an image of the form: proportional, or fitted
+    // to the page ("Formato Original" / "A Página Completa").
+    std::function<void(bool paginaCompleta)> ImprimirFormulario;
     // True while the attachment window `fGENEDOCE` is open, so it follows the record.
     std::function<bool()> DocumentosAbiertos;
     // The control under the mouse, for F8; the focused control when not set.

@@ -34,14 +34,20 @@ MaestroRejilla::MaestroRejilla(TModuloDatos &datos, DeclaracionMaestro declaraci
             grid1_->SelectedIndex = 0;
     });
     SetHandler(QStringLiteral("DBGrid1EditButtonClick"), [this](Component *) { editarMemo(); });
+    SetHandler(QStringLiteral("DBGrid1KeyDown"), [this](Component *) { eliminarDesdeRejilla(); });
     // The key column finds a record of the master; a code column searches its own table.
     SetHandler(QStringLiteral("DBGrid1DblClick"), [this](Component *) {
         Field *f = grid1_->SelectedField();
         if (!f)
             return;
+        if (f->DataType() == TipoCampo::ftMemo) {
+            editarMemo(); // a memo is not searched: its text window opens
+            return;
+        }
         if (grid1_->SelectedIndex != columnaClave()) {
             // A column without a search of its own finds a record by its value.
-            if (!BuscarDatosCampo(*this, Rutinas(), *f) && Rutinas().Ventanas.BuscarRegistroPorCampo)
+            if (!BuscarDatosCampo(*this, Rutinas(), *f) &&
+                Rutinas().Ventanas.BuscarRegistroPorCampo)
                 Rutinas().Ventanas.BuscarRegistroPorCampo(Table1(), f->FieldName());
         } else if (Rutinas().Ventanas.BuscarRegistro)
             Rutinas().Ventanas.BuscarRegistro(Table1());
@@ -50,7 +56,7 @@ MaestroRejilla::MaestroRejilla(TModuloDatos &datos, DeclaracionMaestro declaraci
 
 void MaestroRejilla::editarMemo() {
     MessagePort *port = Mensajes().port();
-    if (!port || (Table1().IsEmpty() && !Table1().IsPending()))
+    if ((!port && !Rutinas().Ventanas.EditorMemo) || (Table1().IsEmpty() && !Table1().IsPending()))
         return;
     const GridColumn *columna = nullptr;
     for (int i = 0; i < grid1_->Columns.size() && !columna; ++i) {
@@ -65,12 +71,44 @@ void MaestroRejilla::editarMemo() {
         return;
     Field &memo = Table1().FieldByName(columna->FieldName);
     const QString actual = memo.AsString();
-    const QString texto = port->showTitled(u'P', TituloMemo(*columna), {}, actual);
+    QString texto = actual;
+    if (Rutinas().Ventanas.EditorMemo) {
+        const std::optional<QString> editado =
+            Rutinas().Ventanas.EditorMemo(TituloMemo(*columna), actual);
+        if (editado)
+            texto = *editado;
+    } else {
+        texto = port->showTitled(u'P', TituloMemo(*columna), {}, actual);
+    }
     if (texto == actual)
         return;
     if (!Table1().IsPending())
         Table1().Edit();
     memo.SetAsString(texto);
+}
+
+// Ctrl+Delete on the grid: a new record is dropped, a stored one deleted.
+void MaestroRejilla::eliminarDesdeRejilla() {
+    Table &t = Table1();
+    if (t.IsEmpty() && !t.IsPending())
+        return;
+    if (Mensajes().MensajeC(QStringLiteral("¿ Está seguro de querer eliminar el registro ?")) !=
+        u"SI")
+        return;
+    if (t.State() == DatasetState::Insert) {
+        t.Cancel();
+        return;
+    }
+    if (t.IsPending())
+        t.Cancel();
+    try {
+        t.Delete();
+    } catch (const EAbort &) {
+        throw;
+    } catch (const std::exception &) {
+        Mensajes().MensajeA(QStringLiteral("¡ Este registro no puede eliminarse !"));
+        Abort();
+    }
 }
 
 int MaestroRejilla::columnaClave() const {

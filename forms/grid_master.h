@@ -11,9 +11,13 @@
 // click (or F2) on the key column finds a record of the master, on a column
 // with a declared search (`DeclararBusqueda`) fills the code from its table,
 // on any other column finds a record by that column's value.
-// A memo column's button (or Ctrl+Enter) edits the memo of the selected column,
-// or the grid's first memo column, in a multi-line pop-up titled by
-// `TituloMemo`.
+// A memo column's button, a double click on it, or Ctrl+Enter edit the memo
+// of the selected column, or the grid's first memo column, in the multi-line
+// text window titled by `TituloMemo` (the question of the message port when
+// the window is not there).
+// Ctrl+Delete on the grid (`DBGrid1KeyDown`) asks "¿ Está seguro de querer
+// eliminar el registro ?" and on "SI" deletes the record (a new one is
+// dropped); a refused delete: "¡ Este registro no puede eliminarse !".
 
 #include "forms/record_master.h"
 
@@ -50,6 +54,7 @@ protected:
 private:
     void comprobarClave(Component *sender);
     void editarMemo();
+    void eliminarDesdeRejilla();
     int columnaClave() const;
 
     DeclaracionMaestro declaracion_;

@@ -31,6 +31,11 @@ QString primerValor(const QString &resultado) {
 
 } // namespace
 
+void FuncionNoDisponible(RutinasFormulario &rutinas) {
+    rutinas.Datos().sesion().mensajes().MensajeI(
+        QStringLiteral("Esta función aún no está disponible en esta versión."));
+}
+
 bool VaciarCampo(Form &form) {
     Field *f = CampoEnfocado(form);
     if (!f)
@@ -91,8 +96,10 @@ bool ExpandirTextoCodificado(Form &form, RutinasFormulario &rutinas) {
 bool BuscarF2(Form &form, RutinasFormulario &rutinas) {
     Component *c = form.ActiveControl();
     auto calculadora = [&](Field &f) {
-        if (!rutinas.Ventanas.Calculadora)
+        if (!rutinas.Ventanas.Calculadora) {
+            FuncionNoDisponible(rutinas);
             return true;
+        }
         ponerEnEdicion(f.DataSet());
         if (const auto valor = rutinas.Ventanas.Calculadora(f.AsFloat()))
             f.SetAsFloat(*valor);
@@ -157,7 +164,9 @@ bool HistorialRegistro(Form &form, RutinasFormulario &rutinas) {
         return false;
     const QString clave = rutinas.TextoClave(*ds);
     const auto historial = HistorialAccesosRegistro(rutinas.Datos(), ds->KeyTableName(), clave);
-    if (historial && rutinas.Ventanas.VisorHistorial)
+    if (!rutinas.Ventanas.VisorHistorial)
+        FuncionNoDisponible(rutinas);
+    else if (historial)
         rutinas.Ventanas.VisorHistorial(*historial);
     return true;
 }
@@ -173,6 +182,8 @@ bool ConfigurarImpreso(Form &form, RutinasFormulario &rutinas) {
         return true;
     if (rutinas.Ventanas.ConfiguracionImpresos)
         rutinas.Ventanas.ConfiguracionImpresos(c->Text);
+    else
+        FuncionNoDisponible(rutinas);
     return true;
 }
 

@@ -3,6 +3,11 @@
 // a value (Ctrl+I), coded texts (Ctrl+T), search (F2), hiding controls (F8),
 // the access history (Ctrl+A) and printed form configuration (Ctrl+P).
 // `ProcesarTeclaForm` decides when they apply; each returns true when it acted.
+//
+// A key or menu item whose window is not in this build tells so in one
+// message, `FuncionNoDisponible`, instead of doing nothing.
+
+#include <QString>
 
 namespace co::forms {
 
@@ -18,5 +23,8 @@ bool BuscarF2(Form &form, RutinasFormulario &rutinas);
 bool OcultarControl(Form &form, RutinasFormulario &rutinas);
 bool HistorialRegistro(Form &form, RutinasFormulario &rutinas);
 bool ConfigurarImpreso(Form &form, RutinasFormulario &rutinas);
+
+// "Esta función aún no está disponible en esta versión.", as information.
+void FuncionNoDisponible(RutinasFormulario &rutinas);
 
 } // namespace co::forms

@@ -77,10 +77,15 @@ bool teclaRejilla(Form &form, RutinasFormulario &rutinas, const Tecla &t) {
     if (es(t, Qt::Key_G, Qt::ControlModifier)) {
         if (rutinas.Ventanas.ConfigurarRejilla)
             rutinas.Ventanas.ConfigurarRejilla(*grid);
+        else
+            FuncionNoDisponible(rutinas);
         return true;
     }
     if (es(t, Qt::Key_H, Qt::ControlModifier)) {
-        grid->DefaultColumns();
+        // The screen's family keeps the columns it declared; a grid of no
+        // family gets its dataset's fields.
+        if (!form.CallHandler(grid->Name() + QStringLiteral("RestaurarColumnas"), grid))
+            grid->DefaultColumns();
         grid->SelectedIndex = 0;
         return true;
     }
@@ -102,15 +107,23 @@ bool teclaRejilla(Form &form, RutinasFormulario &rutinas, const Tecla &t) {
 bool teclaDatos(Form &form, RutinasFormulario &rutinas, const Tecla &t) {
     if (es(t, Qt::Key_Z, Qt::ControlModifier)) {
         Dataset *ds = DatasetEnfocado(form);
-        if (ds && ds->Active() && rutinas.Ventanas.VisorCampos)
-            rutinas.Ventanas.VisorCampos(*ds);
+        if (ds && ds->Active()) {
+            if (rutinas.Ventanas.VisorCampos)
+                rutinas.Ventanas.VisorCampos(*ds);
+            else
+                FuncionNoDisponible(rutinas);
+        }
         return ds != nullptr;
     }
     if (t.key == Qt::Key_Plus && t.tecladoNumerico() &&
         (t.modifiers & kMods) == Qt::ControlModifier) {
         Dataset *ds = DatasetEnfocado(form);
-        if (ds && ds->State() == DatasetState::Browse && rutinas.VisorCamposUsuario)
-            rutinas.VisorCamposUsuario(*ds);
+        if (ds && ds->State() == DatasetState::Browse) {
+            if (rutinas.VisorCamposUsuario)
+                rutinas.VisorCamposUsuario(*ds);
+            else
+                FuncionNoDisponible(rutinas);
+        }
         return ds != nullptr;
     }
     if (es(t, Qt::Key_R, Qt::ControlModifier)) {
@@ -122,8 +135,12 @@ bool teclaDatos(Form &form, RutinasFormulario &rutinas, const Tecla &t) {
             if (ds && ds->State() != DatasetState::Browse)
                 ds = nullptr;
         }
-        if (ds && ds->Active() && rutinas.ResponsabilidadDocumental)
-            rutinas.ResponsabilidadDocumental(*ds);
+        if (ds && ds->Active()) {
+            if (rutinas.ResponsabilidadDocumental)
+                rutinas.ResponsabilidadDocumental(*ds);
+            else
+                FuncionNoDisponible(rutinas);
+        }
         return ds != nullptr;
     }
     if (es(t, Qt::Key_I, Qt::ControlModifier))
@@ -151,6 +168,14 @@ bool procesar(Form &form, RutinasFormulario &rutinas, const Tecla &t) {
     }
     if (es(t, Qt::Key_F5, Qt::ControlModifier))
         return alternarDuplicacion(form);
+    // Esc is the shortcut of "Cancelar Edición".
+    if (es(t, Qt::Key_Escape, Qt::NoModifier)) {
+        Component *cancelar = form.FindComponent(QStringLiteral("CancelarEdicion1"));
+        if (!cancelar || !cancelar->Enabled)
+            return false;
+        form.Click(cancelar->Name());
+        return true;
+    }
     if (teclaRejilla(form, rutinas, t))
         return true;
     if (es(t, Qt::Key_L, Qt::ControlModifier)) {
@@ -159,6 +184,8 @@ bool procesar(Form &form, RutinasFormulario &rutinas, const Tecla &t) {
             return false;
         if (rutinas.Ventanas.DialogoFuente)
             rutinas.Ventanas.DialogoFuente(*foco);
+        else
+            FuncionNoDisponible(rutinas);
         return true;
     }
     if (teclaDatos(form, rutinas, t))
@@ -179,6 +206,8 @@ bool procesar(Form &form, RutinasFormulario &rutinas, const Tecla &t) {
             return false;
         if (rutinas.Ventanas.Mensajeria)
             rutinas.Ventanas.Mensajeria();
+        else
+            FuncionNoDisponible(rutinas);
         return true;
     }
     if (es(t, Qt::Key_D, Qt::ControlModifier)) {

@@ -2,8 +2,11 @@
 
 #include "core/general_parameters_table.h"
 #include "core/session.h"
+#include "forms/key_actions.h"
+#include "forms/multiple_delete.h"
 #include "forms/numbered_document.h"
 #include "forms/pick_list_check.h"
+#include "forms/record_copy.h"
 #include "forms/standard_handlers.h"
 
 namespace co::forms {
@@ -33,7 +36,15 @@ QList<Boton> MenuFicha() {
     return {{QStringLiteral("Agregar"), QStringLiteral("&Agregar")},
             {QStringLiteral("Eliminar1"), QStringLiteral("&Eliminar")},
             {QStringLiteral("CancelarEdicion1"), QStringLiteral("Cancelar Edición")},
+            {QStringLiteral("Buscar"), QStringLiteral("&Buscar...")},
+            {QStringLiteral("FiltrarRegistros1"), QStringLiteral("&Filtrar Registros...")},
+            {QStringLiteral("EliminacionMultiple1"), QStringLiteral("Eliminación &Múltiple")},
+            {QStringLiteral("CopiarRegistrosaOtrasEmpresas1"),
+             QStringLiteral("C&opiar Registros a Otras Empresas...")},
+            {QStringLiteral("Refrescar1"), QStringLiteral("&Refrescar")},
             {QStringLiteral("ListadoProgramable1"), QStringLiteral("Listado &Programable...")},
+            {QStringLiteral("FormatoOriginal1"), QStringLiteral("Imprimir Formato &Original...")},
+            {QStringLiteral("APaginaCompleta1"), QStringLiteral("Imprimir a Página &Completa...")},
             {QStringLiteral("Cerrar1"), QStringLiteral("&Cerrar")}};
 }
 
@@ -76,7 +87,15 @@ MaestroTabla::MaestroTabla(TModuloDatos &datos, const QString &nombre, const QSt
     en("pbSalirClick", [this] { Close(); });
     en("Cerrar1Click", [this] { Close(); });
     en("FormCloseQuery", [this] { rutinas_.ConfirmarCierreForm(*this); });
+    // The record current when the new one began is the one "Agregar con
+    // Duplicación" copies.
+    en("Table1BeforeInsert",
+       [this] { claveAnterior_ = table1_->IsEmpty() ? QString() : rutinas_.TextoClave(*table1_); });
     en("Table1NewRecord", [this] {
+        const Component *agregar = FindComponent(QStringLiteral("Agregar"));
+        if (agregar && agregar->Caption == QStringLiteral("&Agregar con Duplicación") &&
+            !claveAnterior_.isEmpty())
+            DuplicarRegistro(*table1_, claveAnterior_);
         ValoresIniciales();
         if (!campoNumero_.isEmpty())
             NumeroNuevo(*table1_, campoNumero_);
@@ -93,6 +112,37 @@ MaestroTabla::MaestroTabla(TModuloDatos &datos, const QString &nombre, const QSt
     en("Table1AfterPost", [this] { rutinas_.DespuesGrabarRegistro(*table1_); });
     en("Table1BeforeDelete", [this] { rutinas_.AntesEliminarRegistro(*table1_); });
     en("ListadoProgramable1Click", [this] { ListadoProgramable(*table1_); });
+    en("Buscar1Click", [this] {
+        if (table1_->IsPending())
+            return;
+        if (rutinas_.Ventanas.BuscarRegistro)
+            rutinas_.Ventanas.BuscarRegistro(*table1_);
+        else
+            FuncionNoDisponible(rutinas_);
+    });
+    // The filter window and the copy to other companies are not in this build.
+    en("FiltrarRegistros1Click", [this] { FuncionNoDisponible(rutinas_); });
+    en("CopiarRegistrosaOtrasEmpresas1Click", [this] { FuncionNoDisponible(rutinas_); });
+    en("EliminacionMultiple1Click", [this] {
+        if (!table1_->IsPending())
+            EliminacionMultiple(*table1_, Mensajes());
+    });
+    en("pbRefrescarClick", [this] {
+        if (!table1_->IsPending())
+            table1_->Refresh();
+    });
+    auto imprimir = [this](bool paginaCompleta) {
+        if (rutinas_.Ventanas.ImprimirFormulario)
+            rutinas_.Ventanas.ImprimirFormulario(paginaCompleta);
+        else
+            FuncionNoDisponible(rutinas_);
+    };
+    en("FormatoOriginal1Click", [imprimir] { imprimir(false); });
+    en("APaginaCompleta1Click", [imprimir] { imprimir(true); });
+    if (Component *buscar = FindComponent(QStringLiteral("Buscar")))
+        SetEvent(*buscar, QStringLiteral("OnClick"), QStringLiteral("Buscar1Click"));
+    if (Component *refrescar = FindComponent(QStringLiteral("Refrescar1")))
+        SetEvent(*refrescar, QStringLiteral("OnClick"), QStringLiteral("pbRefrescarClick"));
     ConectarEventos();
     ConmutarBotones(*this, false);
 }
@@ -116,7 +166,15 @@ bool MaestroTabla::Abrir(AperturaTablas &apertura) {
         return false;
     source1_->AutoEdit = true;
     CallHandler(QStringLiteral("DataSource1StateChange"), source1_);
-    return rutinas_.Ejecutar([this] { DespuesAbrir(); });
+    const bool abierto = rutinas_.Ejecutar([this] { DespuesAbrir(); });
+    // The columns as the screen stated them, for Ctrl+H after the user changed them.
+    for (Component *c : Components())
+        if (auto *grid = dynamic_cast<DBGrid *>(c)) {
+            SetHandler(
+                grid->Name() + QStringLiteral("RestaurarColumnas"),
+                [grid, declaradas = grid->Columns](Component *) { grid->Columns = declaradas; });
+        }
+    return abierto;
 }
 
 bool MaestroTabla::ValidacionWinControl(Component *) {

@@ -6,7 +6,19 @@
 // button switch on `DataSource1StateChange`, `Table1NewRecord`,
 // `Table1CalcFields`, `Table1BeforePost`, `Table1AfterPost`,
 // `Table1BeforeDelete`, `FormCloseQuery`, `ListadoProgramable1Click` on
-// `Table1`). A family (grid, single record) derives from it and adds how the
+// `Table1`), and the rest of the "Ficha" menu: `Buscar1Click` (the record
+// search), `EliminacionMultiple1Click`, `pbRefrescarClick` ("&Refrescar"),
+// `FormatoOriginal1Click` / `APaginaCompleta1Click` (an image of the form on
+// paper); the filter window and the copy to other companies say they are not
+// available yet.
+//
+// "Agregar con Duplicación": while the `Agregar` item's caption says so, a new
+// record copies every non-key field of the record that was current when the
+// insertion began (`Table1BeforeInsert` keeps its key, `Table1NewRecord` runs
+// `DuplicarRegistro`), before the screen's own defaults.
+//
+// Ctrl+H puts back each grid's columns as they were once the tables opened
+// (`<Grid>RestaurarColumnas`). A family (grid, single record) derives from it and adds how the
 // record is shown and how its key is checked; a screen derives from the family
 // and overrides only its own rules.
 //
@@ -117,6 +129,7 @@ private:
     Table *table1_ = nullptr;
     DataSource *source1_ = nullptr;
     QString campoNumero_;
+    QString claveAnterior_; // `ClaveAnterior`: the record current when insertion began
     struct Existencia {
         QString campo;
         QString tabla;

@@ -1,5 +1,7 @@
 #include "ui/dataset_model.h"
 
+#include <algorithm>
+
 namespace co::ui {
 
 using forms::DatasetState;
@@ -7,12 +9,64 @@ using forms::DatasetState;
 DatasetModel::DatasetModel(forms::DBGrid &grid,
                            std::function<bool(const std::function<void()> &)> run, QObject *parent)
     : QAbstractTableModel(parent), grid_(grid), run_(std::move(run)) {
-    if (grid_.Columns.isEmpty())
+    // A closed dataset may still hold the fields of the last table it opened.
+    if (grid_.Columns.isEmpty() && dataset() && dataset()->Active())
         grid_.DefaultColumns();
     for (int i = 0; i < grid_.Columns.size(); ++i)
         if (grid_.Columns[i].Visible)
             columns_ << i;
+    shown_ = grid_.Columns;
     reload();
+}
+
+namespace {
+
+bool mismaColumna(const forms::GridColumn &a, const forms::GridColumn &b) {
+    return a.FieldName == b.FieldName && a.Title == b.Title && a.PickList == b.PickList &&
+           a.ReadOnly == b.ReadOnly && a.Visible == b.Visible && a.Width == b.Width;
+}
+
+} // namespace
+
+bool DatasetModel::columnasCambiadas() const {
+    return !std::equal(shown_.cbegin(), shown_.cend(), grid_.Columns.cbegin(), grid_.Columns.cend(),
+                       mismaColumna);
+}
+
+void DatasetModel::rehacerColumnas() {
+    beginResetModel();
+    columns_.clear();
+    for (int i = 0; i < grid_.Columns.size(); ++i)
+        if (grid_.Columns[i].Visible)
+            columns_ << i;
+    shown_ = grid_.Columns;
+    endResetModel();
+}
+
+void DatasetModel::anchoUsuario(int modelColumn, int width) {
+    const int g = gridColumn(modelColumn);
+    if (g < 0 || g >= grid_.Columns.size() || g >= shown_.size())
+        return;
+    grid_.Columns[g].Width = width;
+    shown_[g].Width = width;
+}
+
+void DatasetModel::moverColumna(int fromModel, int toModel) {
+    if (fromModel == toModel || fromModel < 0 || toModel < 0 || fromModel >= columns_.size() ||
+        toModel >= columns_.size())
+        return;
+    // The shown columns take their new order in the places they held; hidden
+    // ones stay where they were.
+    QList<int> orden = columns_;
+    orden.move(fromModel, toModel);
+    const QList<forms::GridColumn> antes = grid_.Columns;
+    const int seleccionada = grid_.SelectedIndex;
+    for (int i = 0; i < columns_.size(); ++i) {
+        grid_.Columns[columns_[i]] = antes[orden[i]];
+        if (orden[i] == seleccionada)
+            grid_.SelectedIndex = columns_[i];
+    }
+    rehacerColumnas();
 }
 
 int DatasetModel::rowCount(const QModelIndex &parent) const {
@@ -33,7 +87,7 @@ QString DatasetModel::text(int row, int gridColumn) const {
     const bool live = d->IsPending() && (row == rows_.size() || row == currentRow());
     if (live)
         return f && f->DataType() != TipoCampo::ftMemo ? f->DisplayText()
-                                                        : cellText(f, d->CurrentRecord());
+                                                       : cellText(f, d->CurrentRecord());
     return row < rows_.size() ? cellText(f, rows_[row]) : QString();
 }
 
@@ -46,7 +100,9 @@ QString DatasetModel::cellText(const forms::Field *f, const QVariantList &record
     if (!grid_.MemosEnLinea)
         return QStringLiteral(" ...");
     QString texto = f->TextOf(record.value(f->Index()));
-    texto.replace(QStringLiteral("\r\n"), QStringLiteral(" ")).replace(u'\n', u' ').replace(u'\r', u' ');
+    texto.replace(QStringLiteral("\r\n"), QStringLiteral(" "))
+        .replace(u'\n', u' ')
+        .replace(u'\r', u' ');
     return texto;
 }
 
@@ -55,7 +111,8 @@ QVariant DatasetModel::data(const QModelIndex &index, int role) const {
         return {};
     const int g = gridColumn(index.column());
     if (role == Qt::TextAlignmentRole) {
-        const forms::Field *f = dataset() ? dataset()->FindField(grid_.Columns[g].FieldName) : nullptr;
+        const forms::Field *f =
+            dataset() ? dataset()->FindField(grid_.Columns[g].FieldName) : nullptr;
         const Qt::Alignment horizontal = f && f->IsNumeric() ? Qt::AlignRight : Qt::AlignLeft;
         return QVariant::fromValue(horizontal | Qt::AlignVCenter);
     }

@@ -5,7 +5,9 @@
 // their records' values and are formatted when drawn, so only the cells on
 // screen cost a text. The record being edited or inserted is shown from its
 // live fields; memo columns show " ...". Writes go through the dataset;
-// refusals are told by the caller.
+// refusals are told by the caller. The columns follow the grid's: a change of
+// them in the form is shown anew, and the user's widths and moves are written
+// back to the grid.
 
 #include "forms/form.h"
 
@@ -38,6 +40,14 @@ public:
     // Tells the view of the row of a record being inserted, which comes and
     // goes with the dataset's state, and redraws the pending record's cells.
     void sync();
+    // The grid's columns changed in the form (Ctrl+H, a layout): the model
+    // shows them anew.
+    bool columnasCambiadas() const;
+    void rehacerColumnas();
+    // What the user did to the header goes to the grid's columns, so that the
+    // form knows its layout: a width, or a column dragged to another place.
+    void anchoUsuario(int modelColumn, int width);
+    void moverColumna(int fromModel, int toModel);
     // The grid column index of a model column.
     int gridColumn(int modelColumn) const { return columns_.value(modelColumn, -1); }
     int modelColumn(int gridColumn) const { return columns_.indexOf(gridColumn); }
@@ -62,7 +72,8 @@ private:
 
     forms::DBGrid &grid_;
     std::function<bool(const std::function<void()> &)> run_;
-    QList<int> columns_; // visible grid columns
+    QList<int> columns_;             // visible grid columns
+    QList<forms::GridColumn> shown_; // the grid's columns the model was made from
     QList<forms::Bookmark> marks_;
     QList<QVariantList> rows_; // the records shown, all fields
     bool atEnd_ = true;

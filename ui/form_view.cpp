@@ -5,9 +5,11 @@
 #include "ui/cell_delegate.h"
 #include "ui/dataset_model.h"
 #include "ui/font_dialog.h"
+#include "ui/form_printing.h"
 #include "ui/grid_columns.h"
 #include "ui/key_routing.h"
 #include "ui/list_window.h"
+#include "ui/memo_editor.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -29,6 +31,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 namespace co::ui {
 
@@ -47,6 +50,12 @@ FormView::FormView(std::unique_ptr<forms::Form> form, forms::RutinasFormulario &
     rutinas_.Ventanas.VisorHistorial = [this](const HistorialAccesos &h) {
         VerLista(this, h.definicion, h.lineas);
     };
+    rutinas_.Ventanas.ImprimirFormulario = [this](bool paginaCompleta) {
+        ImprimirVentana(*this, paginaCompleta);
+    };
+    rutinas_.Ventanas.EditorMemo = [this](const QString &titulo, const QString &texto) {
+        return EditarTextoMemo(this, titulo, texto);
+    };
     // A failure that closes its sender: the window goes once the handler returns.
     rutinas_.Origen.cerrarFormulario = [this] {
         QWidget *window = parentWidget() ? parentWidget() : this;
@@ -59,6 +68,8 @@ FormView::~FormView() {
     rutinas_.Ventanas.DialogoFuente = nullptr;
     rutinas_.Origen.cerrarFormulario = nullptr;
     rutinas_.Ventanas.VisorHistorial = nullptr;
+    rutinas_.Ventanas.ImprimirFormulario = nullptr;
+    rutinas_.Ventanas.EditorMemo = nullptr;
 }
 
 bool FormView::run(const std::function<void()> &action) {
@@ -248,8 +259,31 @@ void FormView::bindGrid(forms::DBGrid &grid, QTableView *view) {
         grid, [this](const auto &a) { return rutinas_.Ejecutar(a); }, view);
     models_.insert(&grid, model);
     view->setModel(model);
-    view->setItemDelegate(new CellDelegate(*model, *view));
-    AjustarAnchosColumnas(*view, *model);
+    EnlaceCelda enlace;
+    enlace.tecla = [this, &grid](QWidget *editor, QKeyEvent &k) {
+        return teclaAlFormulario(grid, editor, k);
+    };
+    enlace.botonMemo = [this, &grid] {
+        run([&] {
+            form_->SetFocus(&grid);
+            form_->CallHandler(grid.Name() + QStringLiteral("EditButtonClick"), &grid);
+        });
+    };
+    view->setItemDelegate(new CellDelegate(*model, *view, std::move(enlace)));
+    ajustarCabecera(*view, *model);
+    QHeaderView *header = view->horizontalHeader();
+    header->setSectionsMovable(true);
+    connect(header, &QHeaderView::sectionResized, this, [this, model](int section, int, int width) {
+        if (!ajustando_)
+            model->anchoUsuario(section, width);
+    });
+    connect(header, &QHeaderView::sectionMoved, this, [this, view, model](int, int from, int to) {
+        if (ajustando_)
+            return;
+        model->moverColumna(from, to);
+        ajustarCabecera(*view, *model);
+        refresh();
+    });
     view->setSelectionBehavior(QAbstractItemView::SelectItems);
     view->setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::DoubleClicked |
                           QAbstractItemView::EditKeyPressed);
@@ -270,6 +304,17 @@ void FormView::bindGrid(forms::DBGrid &grid, QTableView *view) {
                 if (!ok && was.isValid())
                     view->setCurrentIndex(was);
             });
+}
+
+void FormView::ajustarCabecera(QTableView &view, DatasetModel &model) {
+    ajustando_ = true;
+    // The model's order is the columns' order: the header shows it as it is.
+    QHeaderView *header = view.horizontalHeader();
+    for (int i = 0; i < header->count(); ++i)
+        if (header->logicalIndex(i) != i)
+            header->moveSection(header->visualIndex(i), i);
+    AjustarAnchosColumnas(view, model);
+    ajustando_ = false;
 }
 
 // What the user is doing with the main table, in words.
@@ -364,13 +409,25 @@ void FormView::refresh() {
             b->setCurrentText(f->AsString());
     }
     for (QAction *a : findChildren<QAction *>())
-        if (forms::Component *c = form_->FindComponent(a->objectName()))
+        if (forms::Component *c = form_->FindComponent(a->objectName())) {
             a->setEnabled(c->Enabled);
+            a->setText(c->Caption);
+            a->setCheckable(a->isCheckable() || c->Checked);
+            a->setChecked(c->Checked);
+        }
     for (auto it = models_.cbegin(); it != models_.cend(); ++it) {
         forms::Dataset *d = it.key()->DataSet();
         auto *view = qobject_cast<QTableView *>(widgets_.value(it.key()));
         if (!d || !view)
             continue;
+        if (it.value()->columnasCambiadas()) {
+            it.value()->rehacerColumnas();
+            ajustarCabecera(*view, *it.value());
+        }
+        view->setSelectionBehavior(it.key()->MultiSelect ? QAbstractItemView::SelectRows
+                                                         : QAbstractItemView::SelectItems);
+        view->setSelectionMode(it.key()->MultiSelect ? QAbstractItemView::MultiSelection
+                                                     : QAbstractItemView::ExtendedSelection);
         it.value()->sync();
         if (!d->IsPending() || it.value()->currentRow() >= it.value()->rowCount())
             it.value()->reload();
@@ -410,27 +467,51 @@ bool FormView::eventFilter(QObject *watched, QEvent *event) {
             return true;
     } else if (event->type() == QEvent::KeyPress) {
         auto *k = static_cast<QKeyEvent *>(event);
+        if (k == pasada_)
+            return QWidget::eventFilter(watched, event);
         if (letra(*k, true))
             return true;
-        form_->SetFocus(c);
-        const Tecla tecla{k->key(), k->modifiers()};
-        bool consumed = false;
-        run([&] { consumed = EnviarTeclaAlFormulario(*form_, rutinas_, tecla); });
-        if (consumed)
+        if (teclaAlFormulario(*c, watched, *k))
             return true;
-        if (!k->text().isEmpty()) {
-            const QChar dado = k->text().front();
-            const QChar queda = EnviarCaracterAlFormulario(*form_, rutinas_, dado, tecla);
-            if (queda.isNull())
-                return true;
-            if (queda != dado) {
-                QKeyEvent otra(QEvent::KeyPress, k->key(), k->modifiers(), QString(queda));
-                QCoreApplication::sendEvent(watched, &otra);
-                return true;
-            }
+        if (qobject_cast<QTableView *>(w) && !k->text().isEmpty()) {
+            // The grid hands a typed key on to the cell editor it opens: that one
+            // has been through the form already.
+            const QKeyEvent *antes = std::exchange(pasada_, k);
+            static_cast<QObject *>(watched)->event(k);
+            pasada_ = antes;
+            return true;
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+bool FormView::teclaAlFormulario(forms::Component &c, QObject *destino, QKeyEvent &k) {
+    if (&k == pasada_)
+        return false;
+    if (form_->ActiveControl() != &c)
+        form_->SetFocus(&c);
+    const Tecla tecla{k.key(), k.modifiers()};
+    bool consumed = false;
+    // Redrawn only when the form acted: a redraw would reset an open cell editor.
+    const bool ok =
+        rutinas_.Ejecutar([&] { consumed = EnviarTeclaAlFormulario(*form_, rutinas_, tecla); });
+    if (consumed || !ok)
+        run([] {});
+    if (consumed)
+        return true;
+    if (k.text().isEmpty())
+        return false;
+    const QChar dado = k.text().front();
+    const QChar queda = EnviarCaracterAlFormulario(*form_, rutinas_, dado, tecla);
+    if (queda.isNull())
+        return true;
+    if (queda == dado)
+        return false;
+    QKeyEvent otra(QEvent::KeyPress, k.key(), k.modifiers(), QString(queda));
+    const QKeyEvent *antes = std::exchange(pasada_, &otra);
+    QCoreApplication::sendEvent(destino, &otra);
+    pasada_ = antes;
+    return true;
 }
 
 bool FormView::letra(const QKeyEvent &key, bool actuar) {

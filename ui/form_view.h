@@ -6,7 +6,11 @@
 // that page of a tab widget; edits align as their field does; buttons
 // run the form's clicks; menu items go under a "Ficha" menu; a status line says
 // in words what is being done with `Table1` and where. Every key press and typed character goes to
-// the key map first; what it consumes never reaches the widget. Focus changes
+// the key map first; what it consumes never reaches the widget, and so do
+// those typed into a grid's cell editor. A grid's header can be dragged and
+// resized: the grid's columns follow it, and a change of them in the form
+// (Ctrl+H) redraws the header. Ctrl+S switches a grid to multi-row selection.
+// The "Ficha" menu's items show their captions and checks as the form sets them. Focus changes
 // and grid column changes run the form's exit checks and are undone when they
 // stop. The view answers the form's font dialog (Ctrl+L) on its own widgets.
 // No business rule lives here.
@@ -57,6 +61,11 @@ private:
     void bindGrid(forms::DBGrid &grid, QTableView *view);
     bool run(const std::function<void()> &action);
     void typed(forms::Component &control, const QString &text);
+    // A key press on a control, or on the cell editor of a grid, goes to the
+    // key map and the character rule; true when they consumed it.
+    bool teclaAlFormulario(forms::Component &control, QObject *destino, QKeyEvent &key);
+    // The header of a grid as its columns say: their order, widths and titles.
+    void ajustarCabecera(QTableView &view, DatasetModel &model);
 
     std::unique_ptr<forms::Form> form_;
     forms::RutinasFormulario &rutinas_;
@@ -69,6 +78,9 @@ private:
     // true when one took it (`actuar` false: only tells whether one would).
     bool letra(const QKeyEvent &key, bool actuar);
     bool refreshing_ = false;
+    bool ajustando_ = false;
+    // A key being handed on to its widget, which already went through the form.
+    const QKeyEvent *pasada_ = nullptr;
 };
 
 } // namespace co::ui

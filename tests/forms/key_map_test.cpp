@@ -400,7 +400,8 @@ TEST_P(KeyMap, GridKeysToggleSelectionAndRestoreColumns) {
     EXPECT_FALSE(grid_->MultiSelect);
 }
 
-TEST_P(KeyMap, WindowsNotSetAreSkippedAndSetOnesGetTheRecord) {
+// A window not in this build says so, once per key; a window set gets the record.
+TEST_P(KeyMap, WindowsNotSetSayTheyAreNotAvailableAndSetOnesGetTheRecord) {
     incidencia(8, QStringLiteral("Niebla"));
     table_->Refresh();
     table_->First();
@@ -412,7 +413,13 @@ TEST_P(KeyMap, WindowsNotSetAreSkippedAndSetOnesGetTheRecord) {
         {Qt::Key_F8, Qt::NoModifier},     {Qt::Key_F2, Qt::NoModifier}};
     for (const auto &[k, m] : teclas)
         pulsar(k, m);
-    EXPECT_TRUE(messages_.texts().isEmpty()) << messages_.texts().join(u'\n').toStdString();
+    // Ctrl+A, Ctrl+P, Ctrl+M and F8 do not apply here (no access log, no printed
+    // form code, no messaging, no administrator); F2 on the key finds no window.
+    const QString noDisponible =
+        QStringLiteral("Esta función aún no está disponible en esta versión.");
+    EXPECT_EQ(messages_.texts(), QStringList(5, noDisponible))
+        << "Ctrl+Z, Ctrl+numeric plus, Ctrl+R, Ctrl+G and Ctrl+L";
+    messages_.clear();
 
     QStringList log;
     rutinas_->Ventanas.VisorCampos = [&](Dataset &d) { log << QStringLiteral("Z:") + d.Name(); };
@@ -445,6 +452,7 @@ TEST_P(KeyMap, WindowsNotSetAreSkippedAndSetOnesGetTheRecord) {
     form_->SetFocus(&memo);
     EXPECT_TRUE(pulsar(Qt::Key_L, Qt::ControlModifier));
     EXPECT_EQ(log, QStringList{QStringLiteral("L:MemoNotas")});
+    EXPECT_TRUE(messages_.texts().isEmpty()) << messages_.texts().join(u'\n').toStdString();
 }
 
 TEST_P(KeyMap, F8InAdministratorModeCollectsControlsAndGridColumns) {

@@ -15,6 +15,7 @@
 
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTest>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -50,6 +51,26 @@ protected:
         w->showMaximized();
         return dynamic_cast<FormView *>(w->widget());
     }
+    // Starts the program as `control-obras --abrir <programa>` does, as user
+    // ADMIN; the window of the screen opened, or nullptr.
+    FormView *arrancarEn(const QString &programa) {
+        session_ = std::make_unique<DesktopSession>(opciones(QStringLiteral("ADMIN")), &port_);
+        session_->AbrirAlArrancar(programa);
+        EXPECT_TRUE(session_->Arrancar()) << port_.texts().join(u'\n').toStdString();
+        port_.clear();
+        if (!session_->ventana())
+            return nullptr;
+        session_->ventana()->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(session_->ventana()));
+        return activa();
+    }
+    // The screen of the active window.
+    FormView *activa() const {
+        QMdiSubWindow *w = session_->ventana()->mdi()->activeSubWindow();
+        return w ? dynamic_cast<FormView *>(w->widget()) : nullptr;
+    }
+    // A statement's result on the company's database.
+    QString valor(const QString &sql) { return session_->aplicacion().datos().EjecutarSQL(sql); }
     // The main window as a picture in CO_SCREENSHOT_DIR, when it is set.
     void guardarCaptura(const QString &nombre) {
         const QString dir = qEnvironmentVariable("CO_SCREENSHOT_DIR");
