@@ -45,7 +45,9 @@ public:
         : Component(kind, std::move(name)), Source(source), DataField(std::move(field)) {}
     DataSource *Source;
     QString DataField;
-    QStringList Items; // combo box choices
+    QStringList Items; // combo box choices, as stored
+    // The choices as shown, one per item (translated at opening); empty shows Items.
+    QStringList ItemsMostrados;
     Dataset *DataSet() const { return Source ? Source->DataSet : nullptr; }
     Field *BoundField() const;
 };
@@ -57,6 +59,8 @@ struct GridColumn {
     QString FieldName;
     QString Title;
     QStringList PickList;
+    // The pick list as shown, one per value (translated at opening); empty shows PickList.
+    QStringList PickListMostrada;
     bool ReadOnly = false;
     bool Visible = true;
     int Width = 64;

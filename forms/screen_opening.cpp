@@ -48,9 +48,19 @@ void TraducirPantalla(Form &pantalla, Translator &traductor) {
     for (Component *c : pantalla.Components()) {
         c->Caption = traductor.TraducirTexto(c->Caption);
         c->Hint = traductor.TraducirTexto(c->Hint);
+        // Lists are shown translated and stored as declared.
+        if (auto *control = dynamic_cast<DataControl *>(c)) {
+            control->ItemsMostrados.clear();
+            for (const QString &item : std::as_const(control->Items))
+                control->ItemsMostrados << traductor.TraducirTexto(item);
+        }
         if (auto *grid = dynamic_cast<DBGrid *>(c))
-            for (GridColumn &columna : grid->Columns)
+            for (GridColumn &columna : grid->Columns) {
                 columna.Title = traductor.TraducirTexto(columna.Title);
+                columna.PickListMostrada.clear();
+                for (const QString &valor : std::as_const(columna.PickList))
+                    columna.PickListMostrada << traductor.TraducirTexto(valor);
+            }
     }
 }
 

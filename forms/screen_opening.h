@@ -52,7 +52,8 @@ EntornoPantallas EntornoDeSesion(Aplicacion &aplicacion);
 bool AbrirPantalla(MaestroTabla &pantalla, const EntornoPantallas &entorno);
 
 // Translates the caption of the form and of every component, hints and grid
-// column titles. The permitted values of lists are data and stay as stored.
+// column titles. The permitted values of lists are data and stay as stored;
+// their shown texts (`ItemsMostrados`, `PickListMostrada`) are translated.
 void TraducirPantalla(Form &pantalla, Translator &traductor);
 
 class RegistroPantallas {

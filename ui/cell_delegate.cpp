@@ -2,6 +2,8 @@
 
 #include "ui/dataset_model.h"
 
+#include "forms/shown_choices.h"
+
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -25,11 +27,13 @@ QPushButton *botonMemo(QWidget *editor) {
 
 QWidget *CellDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                                     const QModelIndex &index) const {
-    const QStringList valores = model_.column(index.column()).PickList;
-    if (!valores.isEmpty()) {
+    const forms::GridColumn &columna = model_.column(index.column());
+    if (!columna.PickList.isEmpty()) {
         auto *lista = new QComboBox(parent);
         lista->setObjectName(QStringLiteral("ListaValores"));
-        lista->addItems(valores);
+        // Each item shows its text as translated and carries the value as stored.
+        for (const QString &valor : columna.PickList)
+            lista->addItem(forms::ValorMostrado(columna.PickList, columna.PickListMostrada, valor), valor);
         return lista;
     }
     const forms::Field *f = model_.field(index.column());
@@ -55,9 +59,9 @@ void CellDelegate::setEditorData(QWidget *editor, const QModelIndex &index) cons
     if (auto *lista = qobject_cast<QComboBox *>(editor)) {
         // A stored value outside the list still shows; choosing replaces it.
         const QString actual = index.data(Qt::EditRole).toString();
-        if (lista->findText(actual) < 0 && !actual.isEmpty())
-            lista->insertItem(0, actual);
-        lista->setCurrentIndex(std::max(0, lista->findText(actual)));
+        if (lista->findData(actual) < 0 && !actual.isEmpty())
+            lista->insertItem(0, actual, actual);
+        lista->setCurrentIndex(std::max(0, lista->findData(actual)));
         return;
     }
     QStyledItemDelegate::setEditorData(editor, index);
@@ -68,7 +72,7 @@ void CellDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
     if (botonMemo(editor))
         return;
     if (auto *lista = qobject_cast<QComboBox *>(editor)) {
-        model->setData(index, lista->currentText(), Qt::EditRole);
+        model->setData(index, lista->currentData().toString(), Qt::EditRole);
         return;
     }
     QStyledItemDelegate::setModelData(editor, model, index);

@@ -1,5 +1,7 @@
 #include "ui/dataset_model.h"
 
+#include "forms/shown_choices.h"
+
 #include <algorithm>
 
 namespace co::ui {
@@ -122,6 +124,10 @@ QVariant DatasetModel::data(const QModelIndex &index, int role) const {
         if (forms::Field *f = dataset()->FindField(grid_.Columns[g].FieldName);
             f && index.row() == currentRow())
             return f->AsString();
+    const forms::GridColumn &columna = grid_.Columns[g];
+    // A pick list shows its values as translated; the field holds them as stored.
+    if (role == Qt::DisplayRole && !columna.PickListMostrada.isEmpty())
+        return forms::ValorMostrado(columna.PickList, columna.PickListMostrada, text(index.row(), g));
     return text(index.row(), g);
 }
 

@@ -2,6 +2,7 @@
 
 #include "forms/field_search.h"
 #include "forms/key_map.h"
+#include "forms/shown_choices.h"
 #include "ui/cell_delegate.h"
 #include "ui/dataset_model.h"
 #include "ui/font_dialog.h"
@@ -161,11 +162,13 @@ void FormView::build() {
         case ComponentKind::ComboBox: {
             auto *box = new QComboBox(this);
             box->setEditable(true);
-            if (auto *dc = dynamic_cast<forms::DataControl *>(c))
-                box->addItems(dc->Items);
-            connect(box, &QComboBox::currentTextChanged, this, [this, c](const QString &t) {
+            auto *dc = dynamic_cast<forms::DataControl *>(c);
+            if (dc)
+                box->addItems(dc->ItemsMostrados.isEmpty() ? dc->Items : dc->ItemsMostrados);
+            // The list shows its translated texts; the field keeps the stored value.
+            connect(box, &QComboBox::currentTextChanged, this, [this, c, dc](const QString &t) {
                 if (!refreshing_)
-                    typed(*c, t);
+                    typed(*c, dc ? forms::ValorGuardado(dc->Items, dc->ItemsMostrados, t) : t);
             });
             place(c, box);
             w = box;
@@ -406,7 +409,8 @@ void FormView::refresh() {
         if (auto *box = qobject_cast<QCheckBox *>(it.value()))
             box->setChecked(c->Checked);
         if (auto *b = qobject_cast<QComboBox *>(it.value()); b && f)
-            b->setCurrentText(f->AsString());
+            b->setCurrentText(dc ? forms::ValorMostrado(dc->Items, dc->ItemsMostrados, f->AsString())
+                                 : f->AsString());
     }
     for (QAction *a : findChildren<QAction *>())
         if (forms::Component *c = form_->FindComponent(a->objectName())) {

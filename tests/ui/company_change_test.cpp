@@ -158,6 +158,16 @@ TEST_P(CompanyChange, ACompanyWithoutItsRecordIsRefusedAndNothingIsMadeForIt) {
     }
 }
 
+TEST_P(CompanyChange, AGeneralWindowOverTheCompanysDataGoesWithIt) {
+    // "Globales" is one of the general windows, but it shows this company's parameters.
+    ASSERT_TRUE(session_->AbrirPrograma(QStringLiteral("Globales")))
+        << port_.texts().join(u'\n').toStdString();
+    ASSERT_EQ(session_->ventana()->mdi()->subWindowList().size(), 2);
+    cambiarA(2);
+    ASSERT_EQ(empresa(), 2) << port_.texts().join(u'\n').toStdString();
+    EXPECT_TRUE(session_->ventana()->mdi()->subWindowList().isEmpty());
+}
+
 CO_ON_BOTH_BACKENDS(CompanyChange);
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "desktop_fixture.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -175,6 +176,57 @@ TEST_P(GeneralParametersWindow, ARefusedSaveKeepsTheWindowAndWhatWasTyped) {
 }
 
 CO_ON_BOTH_BACKENDS(GeneralParametersWindow);
+
+// A session in English shows the lists of the window translated and keeps
+// their values as stored.
+using TranslatedLists = test::DesktopTest;
+
+TEST_P(TranslatedLists, ACombinationPickedInEnglishIsStoredInSpanish) {
+    ASSERT_EQ(cli(QStringLiteral("diccionario")).status, 0);
+    {
+        DesktopSession previa(opciones(QStringLiteral("ADMIN")), &port_);
+        ASSERT_TRUE(previa.Arrancar());
+        for (const auto &[clave, texto] :
+             {std::pair{"Standard", "Standard"}, {"Basica", "Basic"}, {"Combinada", "Combined"},
+              {"Blanco y Negro", "Black and White"}}) {
+            const QString r = previa.aplicacion().datos().EjecutarSQL(
+                QStringLiteral("INSERT INTO TXIDIOMA (Idioma, ClaveTexto, Texto) VALUES "
+                               "('Ingles', '%1', '%2')")
+                    .arg(QLatin1String(clave), QLatin1String(texto)),
+                QStringLiteral("DatabaseGeneral"));
+            ASSERT_FALSE(r.startsWith(QStringLiteral("Error"))) << r.toStdString();
+        }
+    }
+    OpcionesArranque o = opciones(QStringLiteral("ADMIN"));
+    o.linea.ParametroIdioma = QStringLiteral("Ingles");
+    session_ = std::make_unique<DesktopSession>(o, &port_);
+    session_->AbrirAlArrancar(QStringLiteral("Globales"));
+    ASSERT_TRUE(session_->Arrancar()) << port_.texts().join(u'\n').toStdString();
+    QMdiSubWindow *w = session_->ventana()->mdi()->activeSubWindow();
+    ASSERT_NE(w, nullptr);
+    auto *view = dynamic_cast<FormView *>(w->widget());
+    ASSERT_NE(view, nullptr);
+    auto *lista = qobject_cast<QComboBox *>(view->widgetFor(QStringLiteral("ComboBoxTipoCombinacionTramas")));
+    ASSERT_NE(lista, nullptr);
+    QStringList mostrados;
+    for (int i = 0; i < lista->count(); ++i)
+        mostrados << lista->itemText(i);
+    EXPECT_EQ(mostrados, (QStringList{"Standard", "Basic", "Combined", "Black and White"}));
+    EXPECT_EQ(lista->currentText(), QStringLiteral("Standard"));
+    // Down three times, as the keyboard picks, and the record takes the stored value.
+    for (int i = 0; i < 3; ++i)
+        QTest::keyClick(lista, Qt::Key_Down);
+    EXPECT_EQ(lista->currentText(), QStringLiteral("Black and White"));
+    auto *grabar = qobject_cast<QPushButton *>(view->widgetFor(QStringLiteral("pbGrabar")));
+    ASSERT_NE(grabar, nullptr);
+    QTest::mouseClick(grabar, Qt::LeftButton);
+    EXPECT_EQ(session_->aplicacion().datos().EjecutarSQL(
+                  QStringLiteral("SELECT TipoCombinacionTramas FROM PARAGENE WHERE IdRegistro = 1")),
+              QStringLiteral("Blanco y Negro"))
+        << port_.texts().join(u'\n').toStdString();
+}
+
+CO_ON_BOTH_BACKENDS(TranslatedLists);
 
 } // namespace
 } // namespace co::ui
