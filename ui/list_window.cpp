@@ -31,6 +31,9 @@ int anchoColumna(const forms::ColumnaLista &c, const QFontMetrics &fm) {
         return c.ancho;
     if (c.tipo.compare(u"ftFloat", Qt::CaseInsensitive) == 0)
         return 100;
+    // A memo's length says nothing of its text: it takes what room is left.
+    if (c.tipo.compare(u"ftMemo", Qt::CaseInsensitive) == 0)
+        return fm.horizontalAdvance(u'X') * 40;
     return fm.horizontalAdvance(u'X') * std::max(6, c.longitud) + 8;
 }
 
@@ -47,6 +50,7 @@ void VerLista(QWidget *parent, const QString &definicion, const QStringList &fil
     layout->addWidget(grid);
     grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
     grid->setSelectionBehavior(QAbstractItemView::SelectRows);
+    grid->setWordWrap(false);
     grid->setColumnCount(static_cast<int>(d.columnas.size()));
     grid->setRowCount(static_cast<int>(filas.size()));
     QStringList titulos;
@@ -64,8 +68,11 @@ void VerLista(QWidget *parent, const QString &definicion, const QStringList &fil
     }
     for (int r = 0; r < filas.size(); ++r) {
         const QStringList campos = forms::CamposFila(filas[r], d.columnas.size());
-        for (int col = 0; col < campos.size(); ++col)
-            grid->setItem(r, col, new QTableWidgetItem(campos[col]));
+        for (int col = 0; col < campos.size(); ++col) {
+            auto *celda = new QTableWidgetItem(campos[col]);
+            celda->setToolTip(campos[col]);
+            grid->setItem(r, col, celda);
+        }
     }
     grid->horizontalHeader()->setStretchLastSection(true);
     ventana.resize(std::max(d.ancho, std::min(ancho + 40, 1000)), d.alto > 0 ? d.alto : 320);

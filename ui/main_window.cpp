@@ -37,6 +37,7 @@ TfOBRAMENU::TfOBRAMENU(Messenger &mensajes, MenuPrincipal::Derechos derechos,
     // A maximised window does not make the next one open maximised.
     mdi_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     setCentralWidget(mdi_);
+    mdi_->viewport()->installEventFilter(this);
     // At the screen's origin, the whole working area, with or without a window manager.
     if (QScreen *pantalla = QGuiApplication::primaryScreen())
         setGeometry(pantalla->availableGeometry());
@@ -74,6 +75,14 @@ void TfOBRAMENU::closeEvent(QCloseEvent *event) {
     if (alCerrar_)
         alCerrar_();
     event->accept();
+}
+
+bool TfOBRAMENU::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == mdi_->viewport() && event->type() == QEvent::Resize)
+        for (QMdiSubWindow *w : mdi_->subWindowList())
+            if (!w->isMaximized() && !w->isMinimized())
+                ColocarVentana(*mdi_, *w, w->size());
+    return QMainWindow::eventFilter(watched, event);
 }
 
 bool TfOBRAMENU::VerOtraMoneda() const {

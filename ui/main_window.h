@@ -68,6 +68,9 @@ protected:
     // of them closes through its own close query (pending records are asked
     // about there); one that refuses keeps the program open.
     void closeEvent(QCloseEvent *event) override;
+    // A work area that shrinks (the status line shown after a window opened at
+    // start, the main window made smaller) keeps its windows inside it.
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void construirMenu();

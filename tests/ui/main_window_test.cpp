@@ -14,6 +14,7 @@
 #include <QMenuBar>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace co::ui {
@@ -103,6 +104,27 @@ TEST_P(DesktopStart, FirstUserLogsInToTheFirstCompany) {
     EXPECT_FALSE(session.CambiarEmpresa(9));
     EXPECT_EQ(session.aplicacion().sesion().CodigoEmpresa, 1);
     EXPECT_EQ(port_.texts().last(), QStringLiteral("¡Ud. no tiene acceso a esta empresa!"));
+}
+
+TEST_P(DesktopStart, AWindowOpenedAtStartStaysInsideTheWorkArea) {
+    // Two grids ask for more height than the area has; the status line shows
+    // only after the window is placed.
+    DesktopSession session(opciones(QStringLiteral("ADMIN")), &port_);
+    session.AbrirAlArrancar(QStringLiteral("Maestro de Maquinas"));
+    ASSERT_TRUE(session.Arrancar()) << port_.texts().join(u'\n').toStdString();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(session.ventana()));
+    QMdiSubWindow *w = session.ventana()->mdi()->activeSubWindow();
+    ASSERT_NE(w, nullptr);
+    const QRect area = session.ventana()->mdi()->viewport()->rect();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return area.contains(w->geometry()); }, 2000))
+        << w->geometry().height() << " high in an area " << area.height() << " high";
+    // The buttons at the foot are on show.
+    auto *vista = dynamic_cast<FormView *>(w->widget());
+    ASSERT_NE(vista, nullptr);
+    QWidget *salir = vista->widgetFor(QStringLiteral("pbSalir"));
+    ASSERT_NE(salir, nullptr);
+    EXPECT_TRUE(area.contains(
+        QRect(salir->mapTo(session.ventana()->mdi()->viewport(), QPoint()), salir->size())));
 }
 
 TEST_P(DesktopStart, UnknownUserEndsTheStart) {
