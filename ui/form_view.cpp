@@ -27,6 +27,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStyle>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTimer>
@@ -354,6 +355,10 @@ QSize FormView::sizeHint() const {
         s.setWidth(std::max(s.width(), ancho + m.left() + m.right()));
         s.setHeight(s.height() + std::max(0, alto - view->sizeHint().height()));
     }
+    // Every tab of a page control on show, without scrolling the tabs.
+    const QMargins m = layout()->contentsMargins();
+    for (const QTabWidget *paginas : findChildren<QTabWidget *>())
+        s.setWidth(std::max(s.width(), paginas->tabBar()->sizeHint().width() + 8 + m.left() + m.right()));
     return s;
 }
 
