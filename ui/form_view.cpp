@@ -8,6 +8,7 @@
 #include "ui/font_dialog.h"
 #include "ui/form_printing.h"
 #include "ui/grid_columns.h"
+#include "ui/grid_value_menu.h"
 #include "ui/key_routing.h"
 #include "ui/list_window.h"
 #include "ui/memo_editor.h"
@@ -274,6 +275,12 @@ void FormView::bindGrid(forms::DBGrid &grid, QTableView *view) {
         });
     };
     view->setItemDelegate(new CellDelegate(*model, *view, std::move(enlace)));
+    view->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(view, &QWidget::customContextMenuRequested, this, [this, &grid, view, model](QPoint p) {
+        MenuFiltrosValor(*view, *model, grid, rutinas_.Datos().sesion().mensajes(),
+                         [this](const std::function<void()> &a) { return rutinas_.Ejecutar(a); }, p);
+        refresh();
+    });
     ajustarCabecera(*view, *model);
     QHeaderView *header = view->horizontalHeader();
     header->setSectionsMovable(true);
